@@ -1,0 +1,52 @@
+#include "cli/input.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+#include "cli/file_error.h"
+
+namespace qvgraph {
+
+namespace {
+
+// A document of this size takes gigabytes as a tree: rather a wrong file.
+const size_t MAX_SIZE = size_t{256} << 20;
+
+[[noreturn]] void fail(const std::string& name, const std::string& why) {
+    throw FileError("cannot read " + name + ": " + why);
+}
+
+std::string readAll(FILE* file, const std::string& name) {
+    std::string text;
+    char chunk[65536];
+    for (;;) {
+        const size_t size = fread(chunk, 1, sizeof(chunk), file);
+        text.append(chunk, size);
+        if (ferror(file) != 0) {
+            fail(name, strerror(errno));
+        }
+        if (text.size() > MAX_SIZE) {
+            fail(name, "it is larger than 256 MiB");
+        }
+        if (size == 0) {
+            return text;
+        }
+    }
+}
+
+}  // namespace
+
+Input readInput(const std::string& path) {
+    if (path == "-") {
+        return {"<stdin>", readAll(stdin, "<stdin>")};
+    }
+    const std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(path.c_str(), "rb"), fclose);
+    if (!file) {
+        fail(path, strerror(errno));
+    }
+    return {path, readAll(file.get(), path)};
+}
+
+}  // namespace qvgraph

@@ -1,0 +1,156 @@
+#include "cli/inspect.h"
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include "cli/input.h"
+#include "cli/output.h"
+#include "cli/terminal.h"
+#include "graph/qv_graph_parser.h"
+#include "host/qv_host_log.h"
+#include "host/qv_node_registry.h"
+#include "render/inspect_json.h"
+#include "render/inspect_text.h"
+#include "survey/survey.h"
+
+namespace qvgraph {
+
+namespace {
+
+const char* const DESCRIPTION =
+    "Show what a framework makes of a configuration.\n"
+    "\n"
+    "Examples:\n"
+    "  qvgraph inspect pipes.json                      the whole, for people\n"
+    "  qvgraph inspect --pipe 1 pipes.json             one pipe of it\n"
+    "  qvgraph inspect --format json -o out.json pipes.json\n"
+    "  make-pipes | qvgraph inspect -                  from standard input\n"
+    "\n"
+    "Every query is answered, every option shown as it is stored, every node set up,\n"
+    "and every stream told with who gives and who takes it. Stubs stand in for node\n"
+    "classes that are not there.\n"
+    "\n"
+    "Exit codes: 0 every node is ready; 1 a node is not ready; 2 wrong usage, a file\n"
+    "that cannot be read or written, or a document that does not load.\n";
+
+struct Arguments {
+    std::string file;
+    std::string format = "text";
+    std::string output;
+    std::optional<int> pipe;
+    std::string colour = "auto";
+    int verbosity = 0;
+    bool quiet = false;
+};
+
+// The parser's records on standard error: errors and failures with -v, all
+// with -vv.
+RecordObserver recordsOf(const Arguments& arguments) {
+    RecordObserver records;
+    if (arguments.verbosity > 0) {
+        const bool colour = usesColour(arguments.colour, STDERR_FILENO);
+        records.level = arguments.verbosity > 1 ? QV_LOG_INFO : QV_LOG_NOTICE;
+        records.sink = [colour](const QVLogRecord& record) {
+            std::cerr << qv_log_line(record, colour) + '\n';
+        };
+    }
+    return records;
+}
+
+// What is wrong with the argument of --pipe; nothing when it is an index.
+std::string checkIndex(const std::string& text) {
+    const bool isIndex = text.find_first_not_of("0123456789") == std::string::npos;
+    return isIndex ? "" : "an index is a number from 0, not " + text;
+}
+
+std::string noSuchPipe(const Input& input, int pipe, int pipes) {
+    const std::string found = input.name + ": there is no pipe " + std::to_string(pipe) + ": ";
+    if (pipes == 0) {
+        return found + "the configuration has none";
+    }
+    return found + "the configuration has " + std::to_string(pipes) +
+           (pipes == 1 ? ", with the index 0"
+                       : ", with the indexes 0 to " + std::to_string(pipes - 1));
+}
+
+std::string render(const Arguments& arguments, const Input& input, const Survey& survey) {
+    std::ostringstream report;
+    if (arguments.format == "json") {
+        renderInspectJson(report, input.name, survey);
+    } else {
+        const int descriptor = arguments.output.empty() ? STDOUT_FILENO : -1;
+        renderInspectText(report, input.name, survey, usesColour(arguments.colour, descriptor));
+    }
+    return report.str();
+}
+
+ExitCode inspect(const Arguments& arguments) {
+    const Input input = readInput(arguments.file);
+    SurveyRequest request;
+    request.records = recordsOf(arguments);
+    QVGraphParser parser;
+    if (const auto error = loadConfiguration(input.text, request.records, &parser)) {
+        complain(input.name + ": " + *error);
+        return ExitCode::Failed;
+    }
+    const int pipes = parser.getPipeNum();
+    if (arguments.pipe && *arguments.pipe >= pipes) {
+        complain(noSuchPipe(input, *arguments.pipe, pipes));
+        return ExitCode::Failed;
+    }
+
+    Survey survey;
+    {
+        Progress progress(!arguments.quiet && arguments.verbosity == 0);
+        request.pipe = arguments.pipe;
+        request.progress = [&](size_t done, size_t total) { progress.show("pipe", done, total); };
+        survey = surveyConfiguration(parser, request);
+    }
+    writeOutput(arguments.output, render(arguments, input, survey));
+
+    const Readiness readiness = readinessOf(survey);
+    if (readiness.notReady == 0) {
+        return ExitCode::Clean;
+    }
+    if (!arguments.quiet) {
+        complain(input.name + ": " + textOf(readiness));
+    }
+    return ExitCode::Findings;
+}
+
+}  // namespace
+
+void addInspect(CLI::App* app, ExitCode* code) {
+    auto arguments = std::make_shared<Arguments>();
+    CLI::App* verb = app->add_subcommand("inspect", DESCRIPTION);
+    verb->add_option("FILE", arguments->file, "The configuration; - for standard input")
+        ->required()
+        ->option_text(" ");
+    verb->add_option("--format", arguments->format, "text (the default) or json")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->option_text("FORMAT");
+    verb->add_option("-o,--output", arguments->output, "Write the report to this file")
+        ->option_text("FILE");
+    verb->add_option("--pipe", arguments->pipe, "Only the pipe with this index, from 0")
+        ->check(CLI::Validator(checkIndex, ""))
+        ->option_text("N");
+    verb->add_option("--color", arguments->colour, "auto (the default), always or never")
+        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->option_text("WHEN");
+    verb->add_flag(
+        "-v,--verbose", arguments->verbosity, "Show the parser's records: errors; with -vv all");
+    verb->add_flag("-q,--quiet", arguments->quiet, "Nothing on standard error but errors");
+    verb->callback([arguments, code] {
+        // A desk has none of the device's classes; the wiring is what counts.
+        QVNodeRegistry::instance().setStub(true);
+        *code = inspect(*arguments);
+    });
+}
+
+}  // namespace qvgraph

@@ -1,0 +1,74 @@
+// The qvgraph command.
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <memory>
+#include <new>
+#include <sstream>
+#include <string>
+
+#include "cli/exit_code.h"
+#include "cli/file_error.h"
+#include "cli/inspect.h"
+#include "cli/terminal.h"
+
+namespace {
+
+using qvgraph::ExitCode;
+
+const char* const DESCRIPTION =
+    "Graph configurations of stream-processing pipes, on the desk.\n"
+    "\n"
+    "Examples:\n"
+    "  qvgraph inspect pipes.json        what a framework makes of a configuration\n"
+    "  qvgraph inspect --help            every option of a verb\n";
+
+// Lists each verb by the first line of its description.
+class HelpFormatter : public CLI::Formatter {
+public:
+    HelpFormatter() { column_width(24); }
+
+    std::string make_subcommand(const CLI::App* verb) const override {
+        const std::string description = verb->get_description();
+        std::ostringstream line;
+        CLI::detail::format_help(line,
+                                 verb->get_name(),
+                                 description.substr(0, description.find('\n')),
+                                 get_column_width());
+        return line.str();
+    }
+};
+
+ExitCode run(int argc, char** argv) {
+    CLI::App app(DESCRIPTION, "qvgraph");
+    app.set_version_flag("--version", "qvgraph " QVGRAPH_VERSION);
+    app.require_subcommand(1);
+    app.formatter(std::make_shared<HelpFormatter>());
+    ExitCode code = ExitCode::Clean;
+    qvgraph::addInspect(&app, &code);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {  // --help and --version
+        return app.exit(success) == 0 ? ExitCode::Clean : ExitCode::Failed;
+    } catch (const CLI::ParseError& error) {
+        qvgraph::complain(std::string(error.what()) + " (see qvgraph --help)");
+        return ExitCode::Failed;
+    } catch (const qvgraph::FileError& error) {
+        qvgraph::complain(error.what());
+        return ExitCode::Failed;
+    }
+    return code;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return static_cast<int>(run(argc, argv));
+    } catch (const std::bad_alloc&) {
+        fputs("qvgraph: out of memory\n", stderr);
+    } catch (const std::exception& error) {
+        fprintf(stderr, "qvgraph: %s\n", error.what());
+    }
+    return static_cast<int>(ExitCode::Failed);
+}

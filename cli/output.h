@@ -1,0 +1,16 @@
+// What the command writes.
+#ifndef QVGRAPH_CLI_OUTPUT_H_
+#define QVGRAPH_CLI_OUTPUT_H_
+
+#include <string>
+
+namespace qvgraph {
+
+// Writes a whole report to `path`, or to standard output where it is empty or
+// "-". A regular file is replaced in one step: either the whole report is
+// there afterwards or what was there before. Throws FileError (cli/file_error.h).
+void writeOutput(const std::string& path, const std::string& report);
+
+}  // namespace qvgraph
+
+#endif  // QVGRAPH_CLI_OUTPUT_H_

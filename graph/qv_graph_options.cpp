@@ -1,0 +1,118 @@
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "graph/qv_graph_internal.h"
+#include "graph/qv_graph_parser.h"
+
+using json11::Json;
+
+namespace {
+
+// A string option is shorter than this.
+const size_t TEXT_SIZE = 128;
+
+// A string option in its parts: '<type>:<value>' and whatever follows a second
+// ':'. A part that is missing is empty.
+struct TypedText {
+    char text[TEXT_SIZE];
+    char type[TEXT_SIZE];
+    char value[TEXT_SIZE];
+};
+
+// Splits a string of `length` < TEXT_SIZE bytes. One that begins with ':' has
+// no type word, and its value is not looked for.
+void split(const char* string, size_t length, TypedText* typed) {
+    qv_memset(typed->text, 0, sizeof(typed->text));
+    qv_memset(typed->type, 0, sizeof(typed->type));
+    qv_memset(typed->value, 0, sizeof(typed->value));
+    util_snprintf(typed->text, length + 1, "%s", string);
+    sscanf(typed->text, "%127[^:]:%127[^:]", typed->type, typed->value);
+}
+
+// BKDR string hash with the multiplier 131. A type word is known by its hash
+// alone.
+uint64_t hashOf(const char* word) {
+    uint64_t hash = 0;
+    for (; *word != '\0'; ++word) {
+        hash = hash * 131 + static_cast<unsigned char>(*word);
+    }
+    return hash;
+}
+
+const uint64_t HASH_INT32 = 0x741fb9a32;
+const uint64_t HASH_INT64 = 0x741fb9bbd;
+const uint64_t HASH_FLOAT = 0x70d0ca4a8;
+const uint64_t HASH_DOUBLE = 0x389ebe6defd;
+
+}  // namespace
+
+int QVGraphParser::parseOptions(QvMetaData* meta, const char* key, Json value) const {
+    if (value.is_number()) {
+        meta->setInt32(key, toInt32(value.number_value()));
+        return 0;
+    }
+    if (!value.is_string()) {
+        return 0;
+    }
+
+    const char* string = value.string_value().c_str();
+    const size_t length = strlen(string);
+    if (length >= TEXT_SIZE) {
+        qv_err(QV_ERROR("value %s is too long!"), string);
+        return -68;
+    }
+
+    TypedText typed;
+    split(string, length, &typed);
+    switch (hashOf(typed.type)) {
+        case HASH_INT32: {
+            const int32_t number = leadingInt32(typed.value);
+            meta->setInt32(key, number);
+            qv_log(QV_INFO("key=%s value=%d"), key, number);
+            break;
+        }
+        case HASH_INT64: {
+            const auto number = static_cast<int64_t>(strtoull(typed.value, nullptr, 0));
+            meta->setInt64(key, number);
+            qv_log(QV_INFO("key=%s value=%lld"), key, static_cast<long long>(number));
+            break;
+        }
+        case HASH_FLOAT: {
+            const auto number = static_cast<float>(atof(typed.value));
+            meta->setFloat(key, number);
+            qv_log(QV_INFO("key=%s value=%f"), key, static_cast<double>(number));
+            break;
+        }
+        case HASH_DOUBLE: {
+            // Stores know no double: only the record shows the whole value.
+            const double number = atof(typed.value);
+            meta->setFloat(key, static_cast<float>(number));
+            qv_log(QV_INFO("key=%s value=%f"), key, number);
+            break;
+        }
+        default:
+            meta->setCString(key, string);
+            break;
+    }
+    return 0;
+}
+
+int QVGraphParser::syncOptions(QvMetaData* meta, Json opts) const {
+    qv_log(QV_INFO("sync to node options, node info:"));
+    for (const auto& member : opts.object_items()) {
+        const std::string text = member.second.dump();
+        qv_log(QV_INFO("option: key = %-16s, opt = %-16s"), member.first.c_str(), text.c_str());
+        parseOptions(meta, member.first.c_str(), member.second);
+    }
+    return 0;
+}
+
+int QVGraphParser::syncExecOptions(QvMetaData* meta, int pipe, int execId) const {
+    return syncOptions(meta, pipeOf(mRoot, pipe)[indexedKey("executor_", execId)]["executor_opts"]);
+}
+
+int QVGraphParser::syncLinkOptions(QvMetaData* meta, int pipe, int linkId) const {
+    return syncOptions(meta, pipeOf(mRoot, pipe)[indexedKey("link_", linkId)]);
+}

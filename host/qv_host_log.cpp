@@ -1,0 +1,248 @@
+#include "host/qv_host_log.h"
+
+#include <strings.h>
+#include <unistd.h>
+#include <utf8cpp/utf8.h>
+
+#include <atomic>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <mutex>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+std::atomic<int> passing_level{QV_LOG_ERROR};
+
+std::mutex sink_mutex;
+std::shared_ptr<const QVLogSink> current_sink;  // null: standard error
+
+bool takePrefix(std::string_view* text, std::string_view prefix) {
+    if (text->substr(0, prefix.size()) != prefix) {
+        return false;
+    }
+    text->remove_prefix(prefix.size());
+    return true;
+}
+
+bool takeSuffix(std::string_view* text, std::string_view suffix) {
+    if (text->size() < suffix.size() || text->substr(text->size() - suffix.size()) != suffix) {
+        return false;
+    }
+    text->remove_suffix(suffix.size());
+    return true;
+}
+
+// The message without the colour and the newline of its format, and that
+// colour. The format is asked first, since the message's data may end alike.
+struct Body {
+    std::string_view text;
+    std::string_view colour;
+};
+
+Body bodyOf(const QVLogRecord& record) {
+    Body body = {record.message, ""};
+    std::string_view format = record.format;
+    for (const std::string_view colour : {QV_LOG_RED, QV_LOG_BLUE}) {
+        if (takePrefix(&format, colour) && takePrefix(&body.text, colour)) {
+            body.colour = colour;
+        }
+    }
+    for (const std::string_view end : {QV_LOG_PLAIN, "\n"}) {
+        if (takeSuffix(&format, end)) {
+            takeSuffix(&body.text, end);
+        }
+    }
+    return body;
+}
+
+void appendEscaped(const char* begin, const char* end, std::string* out) {
+    for (; begin != end; ++begin) {
+        char escaped[5];
+        snprintf(escaped, sizeof(escaped), "\\x%02x", static_cast<unsigned char>(*begin));
+        *out += escaped;
+    }
+}
+
+bool isControl(uint32_t codePoint) {
+    return codePoint < 0x20 || (codePoint >= 0x7f && codePoint < 0xa0);
+}
+
+void appendPrintable(std::string_view text, std::string* out) {
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (at != end) {
+        const char* const valid = utf8::find_invalid(at, end);
+        while (at != valid) {
+            const char* const begin = at;
+            if (isControl(utf8::unchecked::next(at))) {
+                appendEscaped(begin, at, out);
+            } else {
+                out->append(begin, at);
+            }
+        }
+        if (at != end) {
+            appendEscaped(at, at + 1, out);
+            ++at;
+        }
+    }
+}
+
+std::string levelName(int level) {
+    switch (level) {
+        case QV_LOG_ERROR:
+            return "error";
+        case QV_LOG_NOTICE:
+            return "notice";
+        case QV_LOG_INFO:
+            return "info";
+        default:
+            return "level " + std::to_string(level);
+    }
+}
+
+void writeToStandardError(const QVLogRecord& record) {
+    const std::string line = qv_log_line(record, isatty(STDERR_FILENO) != 0) + '\n';
+    fwrite(line.data(), 1, line.size(), stderr);
+}
+
+std::shared_ptr<const QVLogSink> sinkNow() {
+    const std::lock_guard<std::mutex> lock(sink_mutex);
+    return current_sink;
+}
+
+// The format with its arguments filled in.
+QV_PRINTF_FORMAT(1, 0)
+std::string textOf(const char* format, va_list arguments) {
+    va_list again;
+    va_copy(again, arguments);
+    char text[512];
+    const int length = vsnprintf(text, sizeof(text), format, arguments);
+    std::string message;
+    if (length >= static_cast<int>(sizeof(text))) {
+        message.resize(static_cast<size_t>(length));
+        vsnprintf(message.data(), message.size() + 1, format, again);
+    } else if (length > 0) {
+        message.assign(text, static_cast<size_t>(length));
+    }
+    va_end(again);
+    return message;
+}
+
+// Hands a record that passes the filter to the sink.
+int emitRecord(QVLogRecord record, const std::string& message) {
+    record.message = message.c_str();
+    if (const auto sink = sinkNow()) {
+        (*sink)(record);
+    } else {
+        writeToStandardError(record);
+    }
+    return 0;
+}
+
+}  // namespace
+
+int qv_log(uint32_t module,
+           int level,
+           const char* tag,
+           const char* format,
+           const char* function,
+           int line,
+           ...) {
+    if (level > passing_level.load(std::memory_order_relaxed)) {
+        return 0;
+    }
+    va_list arguments;
+    va_start(arguments, line);
+    const std::string message = textOf(format, arguments);
+    va_end(arguments);
+    return emitRecord({module, level, tag, format, function, line, nullptr}, message);
+}
+
+int qv_err(uint32_t module,
+           int level,
+           const char* tag,
+           const char* format,
+           const char* function,
+           int line,
+           ...) {
+    if (level > passing_level.load(std::memory_order_relaxed)) {
+        return 0;
+    }
+    va_list arguments;
+    va_start(arguments, line);
+    const std::string message = textOf(format, arguments);
+    va_end(arguments);
+    return emitRecord({module, level, tag, format, function, line, nullptr}, message);
+}
+
+int util_snprintf(char* buffer, size_t size, const char* format, ...) {
+    va_list arguments;
+    va_start(arguments, format);
+    const int length = vsnprintf(buffer, size, format, arguments);
+    va_end(arguments);
+    return length;
+}
+
+std::string util_to_string(int value) {
+    return std::to_string(value);
+}
+
+int util_strcasecmp(const char* a, const char* b) {
+    return strcasecmp(a, b);
+}
+
+void* qv_memset(void* memory, int value, size_t size) {
+    return memset(memory, value, size);
+}
+
+void qv_log_set_level(int level) {
+    passing_level.store(level, std::memory_order_relaxed);
+}
+
+int qv_log_level() {
+    return passing_level.load(std::memory_order_relaxed);
+}
+
+QVLogSink qv_log_set_sink(QVLogSink sink) {
+    std::shared_ptr<const QVLogSink> other;
+    if (sink) {
+        other = std::make_shared<const QVLogSink>(std::move(sink));
+    }
+    {
+        const std::lock_guard<std::mutex> lock(sink_mutex);
+        current_sink.swap(other);
+    }
+    return other ? *other : QVLogSink();
+}
+
+bool qv_log_is_assertion(const QVLogRecord& record) {
+    return strcmp(record.format, QV_ASSERT_FORMAT) == 0;
+}
+
+std::string qv_log_line(const QVLogRecord& record, bool colour) {
+    const Body body = bodyOf(record);
+    std::string line;
+    appendPrintable(record.tag, &line);
+    line += ' ' + levelName(record.level) + ' ';
+    appendPrintable(record.function, &line);
+    line += ':' + std::to_string(record.line) + ": ";
+    appendPrintable(body.text, &line);
+    if (!colour || body.colour.empty()) {
+        return line;
+    }
+    return std::string(body.colour) + line + QV_LOG_PLAIN;
+}
+
+QVLogScope::QVLogScope(int level, QVLogSink sink)
+    : mLevel(qv_log_level()), mSink(qv_log_set_sink(std::move(sink))) {
+    qv_log_set_level(level);
+}
+
+QVLogScope::~QVLogScope() {
+    qv_log_set_level(mLevel);
+    qv_log_set_sink(std::move(mSink));
+}

@@ -1,0 +1,45 @@
+// The desk's stream managers: they hold what they were bound to.
+#ifndef QVGRAPH_HOST_QV_HOST_STREAM_MANAGERS_H_
+#define QVGRAPH_HOST_QV_HOST_STREAM_MANAGERS_H_
+
+#include <optional>
+#include <string>
+
+#include "framework/qv_stream_manager.h"
+
+// What a manager was bound to by initialize.
+struct QVStreamBinding {
+    std::string name;
+    int streamId = 0;
+    int nodeId = 0;
+};
+
+class QVHostInputStreamManager : public QVInputStreamManager {
+public:
+    int initialize(const std::string& name, int streamId, int nodeId) override;
+    int setStreamType(const std::string& format) override;
+
+    // Empty until initialize has been called.
+    const std::optional<QVStreamBinding>& binding() const { return mBinding; }
+
+    // Empty until setStreamType has been called.
+    const std::optional<std::string>& format() const { return mFormat; }
+
+private:
+    std::optional<QVStreamBinding> mBinding;
+    std::optional<std::string> mFormat;
+};
+
+// Its format is mStreamType.
+class QVHostOutputStreamManager : public QVOutputStreamManager {
+public:
+    int initialize(const std::string& name, int streamId, int nodeId) override;
+
+    // Empty until initialize has been called.
+    const std::optional<QVStreamBinding>& binding() const { return mBinding; }
+
+private:
+    std::optional<QVStreamBinding> mBinding;
+};
+
+#endif  // QVGRAPH_HOST_QV_HOST_STREAM_MANAGERS_H_

@@ -1,0 +1,106 @@
+// The desk's node proxy, and the owner that undoes its work.
+#include "framework/qv_node_proxy.h"
+
+#include <deque>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "host/qv_host_meta_data.h"
+#include "host/qv_host_stream_managers.h"
+#include "host/qv_node_owner.h"
+#include "host/qv_node_registry.h"
+
+namespace {
+
+// The names that the proxy has seen, each under one index.
+class NodeNames {
+public:
+    int32_t indexOf(std::string_view name) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        const auto known = mIndexes.find(name);
+        if (known != mIndexes.end()) {
+            return known->second;
+        }
+        const auto index = static_cast<int32_t>(mNames.size());
+        mIndexes.emplace(mNames.emplace_back(name), index);
+        return index;
+    }
+
+    // The name at an index; empty when there is none.
+    std::string_view at(int32_t index) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        const auto place = static_cast<size_t>(index);
+        return place < mNames.size() ? std::string_view(mNames[place]) : std::string_view();
+    }
+
+private:
+    std::mutex mMutex;
+    std::deque<std::string> mNames;  // its elements never move
+    std::unordered_map<std::string_view, int32_t> mIndexes;
+};
+
+NodeNames& nodeNames() {
+    static NodeNames names;
+    return names;
+}
+
+// The store of a node that brought none. A type of its own tells the owner
+// which stores to delete.
+class SuppliedStore final : public QVHostMetaData {};
+
+template <typename Manager, typename Base>
+void addManagers(int number, std::vector<Base*>* managers) {
+    managers->reserve(number > 0 ? static_cast<size_t>(number) : 0);
+    for (int i = 0; i < number; ++i) {
+        managers->push_back(new Manager);
+    }
+}
+
+int numberOf(int ofClass, int declared) {
+    return ofClass == QV_AS_DECLARED ? declared : ofClass;
+}
+
+template <typename Pointer>
+void deleteAll(const std::vector<Pointer>& objects) {
+    for (const Pointer object : objects) {
+        delete object;
+    }
+}
+
+}  // namespace
+
+void node_proxy_parse_stub_uid(_QVNodeInfo* info, const char* name) {
+    info->stubUid = nodeNames().indexOf(name);
+}
+
+// What is made goes into the record at once, so that its owner frees it even
+// when something behind it fails.
+void node_proxy_node_create(_QVNodeInfo* info) {
+    const std::string_view name = nodeNames().at(info->stubUid);
+    const auto nodeClass = QVNodeRegistry::instance().find(qv_node_class_name(name));
+    if (!nodeClass) {
+        return;
+    }
+    info->node = nodeClass->create(info);
+    if (info->node == nullptr) {
+        return;
+    }
+    if (info->node->mOptions == nullptr) {
+        info->node->mOptions = new SuppliedStore;
+    }
+    addManagers<QVHostInputStreamManager>(numberOf(nodeClass->inputNum, info->inputNum),
+                                          &info->inputStreams);
+    addManagers<QVHostOutputStreamManager>(numberOf(nodeClass->outputNum, info->outputNum),
+                                           &info->outputStreams);
+}
+
+QVNodeOwner::~QVNodeOwner() {
+    QvMetaData* options = mInfo.node != nullptr ? mInfo.node->mOptions : nullptr;
+    const auto* supplied = dynamic_cast<SuppliedStore*>(options);
+    delete mInfo.node;
+    deleteAll(mInfo.inputStreams);
+    deleteAll(mInfo.outputStreams);
+    delete supplied;
+}

@@ -1,0 +1,271 @@
+#include "render/inspect_text.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <type_traits>
+#include <variant>
+#include <vector>
+
+#include "render/option_value.h"
+#include "render/text.h"
+
+namespace qvgraph {
+
+namespace {
+
+using Row = std::vector<std::string>;  // printable cells
+
+// How far the lines of a pipe are indented, by depth.
+const size_t SECTION = 2;
+const size_t ITEM = 4;
+const size_t DETAIL = 9;
+
+// A column wider than this no longer pushes the columns behind it.
+const size_t MAX_ALIGNED = 28;
+
+class Report {
+public:
+    Report(std::ostream& out, bool colour) : mOut(out), mColour(colour) {}
+
+    void write(const std::string& file, const Survey& survey);
+
+private:
+    void writePipe(const Pipe& pipe);
+    void writeSets(const char* title, const std::vector<OptionSet>& sets);
+    void writeNodes(const std::vector<Node>& nodes);
+    void writeNode(const Node& node, const Row& head, const std::vector<size_t>& widths);
+    void writeStreams(const std::vector<Stream>& streams);
+    void writeRows(const std::vector<Row>& rows, size_t indent);
+    void writeRow(const Row& row, const std::vector<size_t>& widths, size_t indent);
+
+    std::string bold(const std::string& text) const { return paint(text, "\033[1m"); }
+    std::string good(const std::string& text) const { return paint(text, "\033[32m"); }
+    std::string bad(const std::string& text) const { return paint(text, "\033[1;31m"); }
+    std::string paint(const std::string& text, const char* colour) const {
+        return mColour ? colour + text + "\033[0m" : text;
+    }
+
+    std::ostream& mOut;
+    bool mColour;
+};
+
+std::string counted(size_t number, const std::string& thing) {
+    return std::to_string(number) + ' ' + thing + (number == 1 ? "" : "s");
+}
+
+std::string blanks(size_t number) {
+    return std::string(number, ' ');
+}
+
+std::string quoted(const std::string& text) {
+    return '"' + printable(text) + '"';
+}
+
+std::vector<size_t> widthsOf(const std::vector<Row>& rows) {
+    std::vector<size_t> widths;
+    for (const Row& row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (size_t i = 0; i < row.size(); ++i) {
+            widths[i] = std::max(widths[i], std::min(columnsOf(row[i]), MAX_ALIGNED));
+        }
+    }
+    return widths;
+}
+
+std::string valueText(const OptionValue& value) {
+    return std::visit(
+        [](const auto& plain) -> std::string {
+            using Plain = std::decay_t<decltype(plain)>;
+            if constexpr (std::is_same_v<Plain, std::string>) {
+                return quoted(plain);
+            } else if constexpr (std::is_same_v<Plain, float>) {
+                return floatText(plain);
+            } else {
+                return std::to_string(plain);
+            }
+        },
+        value);
+}
+
+std::vector<Row> rowsOf(const Options& options) {
+    std::vector<Row> rows;
+    for (const auto& [key, value] : options) {
+        rows.push_back({printable(key), typeName(value), valueText(value)});
+    }
+    return rows;
+}
+
+Row rowOf(const char* side, const StreamEnd& end) {
+    if (!end.name) {
+        return {side, "-", "(not wired)"};
+    }
+    Row row = {side,
+               std::to_string(*end.id),
+               printable(*end.name),
+               end.format ? printable(*end.format) : "(no format)"};
+    if (end.remainNewest) {
+        row.emplace_back("newest only");
+    }
+    return row;
+}
+
+std::vector<Row> wiringOf(const Node& node) {
+    std::vector<Row> rows;
+    for (const StreamEnd& input : node.inputs) {
+        rows.push_back(rowOf("in", input));
+    }
+    for (const StreamEnd& output : node.outputs) {
+        rows.push_back(rowOf("out", output));
+    }
+    return rows;
+}
+
+std::string nameOf(const Node& node) {
+    if (node.name.empty()) {
+        return "(no name)";
+    }
+    return node.name == node.className
+               ? printable(node.name)
+               : printable(node.name) + ", class " + printable(node.className);
+}
+
+template <typename Item>
+Row headOf(const Item& item) {
+    return {std::to_string(item.index),
+            item.key.value_or("(no such key)"),
+            "id " + std::to_string(item.id)};
+}
+
+template <typename Item>
+std::vector<Row> headsOf(const std::vector<Item>& items) {
+    std::vector<Row> heads(items.size());
+    std::transform(items.begin(), items.end(), heads.begin(), headOf<Item>);
+    return heads;
+}
+
+std::string joined(const std::vector<std::string>& texts) {
+    std::string line;
+    for (const std::string& text : texts) {
+        line += (line.empty() ? "" : ", ") + text;
+    }
+    return line;
+}
+
+void Report::write(const std::string& file, const Survey& survey) {
+    mOut << printable(file) << ": " << counted(survey.pipes.size(), "pipe") << ", "
+         << textOf(readinessOf(survey)) << '\n';
+    for (const Pipe& pipe : survey.pipes) {
+        writePipe(pipe);
+    }
+}
+
+void Report::writePipe(const Pipe& pipe) {
+    mOut << '\n';
+    if (!pipe.key) {
+        mOut << bold("pipe " + std::to_string(pipe.index)) << ": there is no \"pipe_" << pipe.index
+             << "\"\n";
+        return;
+    }
+    mOut << bold(*pipe.key) << ": index " << pipe.index << ", " << pipe.threads
+         << (pipe.threads == 1 ? " executor thread" : " executor threads") << ", default link mode "
+         << printable(pipe.linkMode) << '\n';
+    writeSets("executors", pipe.executors);
+    writeSets("links", pipe.links);
+    writeNodes(pipe.nodes);
+    writeStreams(pipe.streams);
+}
+
+void Report::writeSets(const char* title, const std::vector<OptionSet>& sets) {
+    if (sets.empty()) {
+        return;
+    }
+    const std::vector<Row> heads = headsOf(sets);
+    mOut << '\n' << blanks(SECTION) << title << '\n';
+    const std::vector<size_t> widths = widthsOf(heads);
+    for (size_t i = 0; i < sets.size(); ++i) {
+        writeRow(heads[i], widths, ITEM);
+        writeRows(rowsOf(sets[i].options), DETAIL);
+    }
+}
+
+void Report::writeNodes(const std::vector<Node>& nodes) {
+    if (nodes.empty()) {
+        return;
+    }
+    std::vector<Row> heads = headsOf(nodes);
+    const std::vector<size_t> widths = widthsOf(heads);
+    mOut << '\n' << blanks(SECTION) << "nodes\n";
+    for (size_t i = 0; i < nodes.size(); ++i) {
+        mOut << (i > 0 ? "\n" : "");
+        heads[i].push_back(nameOf(nodes[i]));
+        writeNode(nodes[i], heads[i], widths);
+    }
+}
+
+void Report::writeNode(const Node& node, const Row& head, const std::vector<size_t>& widths) {
+    writeRow(head, widths, ITEM);
+    mOut << blanks(DETAIL);
+    if (node.outcome == Outcome::Ready) {
+        mOut << good(toText(node.outcome)) << '\n';
+    } else {
+        mOut << bad(toText(node.outcome)) << ": ";
+        const size_t column = DETAIL + columnsOf(toText(node.outcome)) + 2;
+        writeWrapped(mOut, printable(node.message), column);
+    }
+    writeRows(wiringOf(node), DETAIL);
+    writeRows(rowsOf(node.options), DETAIL);
+}
+
+void Report::writeStreams(const std::vector<Stream>& streams) {
+    if (streams.empty()) {
+        return;
+    }
+    std::vector<Row> rows = {{"id", "name", "producer", "consumers"}};
+    for (const Stream& stream : streams) {
+        rows.push_back({std::to_string(stream.id),
+                        printable(stream.name),
+                        stream.producer.value_or("(none)"),
+                        stream.consumers.empty() ? "(none)" : joined(stream.consumers)});
+    }
+    mOut << '\n' << blanks(SECTION) << "streams\n";
+    writeRows(rows, ITEM);
+}
+
+void Report::writeRows(const std::vector<Row>& rows, size_t indent) {
+    const std::vector<size_t> widths = widthsOf(rows);
+    for (const Row& row : rows) {
+        writeRow(row, widths, indent);
+    }
+}
+
+// The last cell takes the rest of the line, and of further lines.
+void Report::writeRow(const Row& row, const std::vector<size_t>& widths, size_t indent) {
+    std::string line = blanks(indent);
+    for (size_t i = 0; i + 1 < row.size(); ++i) {
+        line += padded(row[i], widths[i]) + "  ";
+    }
+    mOut << line;
+    writeWrapped(mOut, row.back(), columnsOf(line));
+}
+
+}  // namespace
+
+std::string textOf(const Readiness& readiness) {
+    if (readiness.nodes == 0) {
+        return "no nodes";
+    }
+    const std::string nodes = counted(readiness.nodes, "node");
+    return readiness.notReady == 0
+               ? nodes + ", all ready"
+               : nodes + ", " + std::to_string(readiness.notReady) + " of them not ready";
+}
+
+void renderInspectText(std::ostream& out,
+                       const std::string& file,
+                       const Survey& survey,
+                       bool colour) {
+    Report(out, colour).write(file, survey);
+}
+
+}  // namespace qvgraph

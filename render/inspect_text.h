@@ -1,0 +1,23 @@
+// The survey of a configuration as text for a terminal of 80 columns.
+#ifndef QVGRAPH_RENDER_INSPECT_TEXT_H_
+#define QVGRAPH_RENDER_INSPECT_TEXT_H_
+
+#include <ostream>
+#include <string>
+
+#include "survey/survey.h"
+
+namespace qvgraph {
+
+// Writes the report, in colour when `colour` is set.
+void renderInspectText(std::ostream& out,
+                       const std::string& file,
+                       const Survey& survey,
+                       bool colour);
+
+// "no nodes", "14 nodes, all ready" or "14 nodes, 2 of them not ready".
+std::string textOf(const Readiness& readiness);
+
+}  // namespace qvgraph
+
+#endif  // QVGRAPH_RENDER_INSPECT_TEXT_H_

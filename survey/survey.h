@@ -1,0 +1,133 @@
+// What the parser and the desk's framework make of a configuration: every
+// query answered, every option copied, every node set up, as plain data.
+//
+// Nothing here reads the configuration a second time: the parser itself is run
+// as a framework runs it, and its calls and records are watched.
+//
+// Thread safety: a survey takes the process's log level and sink for its own
+// while it runs (host/qv_host_log.h): one at a time, and no other logging.
+#ifndef QVGRAPH_SURVEY_SURVEY_H_
+#define QVGRAPH_SURVEY_SURVEY_H_
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "graph/qv_graph_parser.h"
+#include "host/qv_host_log.h"
+#include "host/qv_host_meta_data.h"
+
+namespace qvgraph {
+
+// What a store holds, in key order.
+using Options = QVHostMetaData::Entries;
+
+// How setting a node up ended.
+enum class Outcome {
+    Ready,          // initialised with all of its streams
+    NotCreated,     // the node proxy made no node
+    NoStreams,      // the node has neither inputs nor outputs
+    StreamRefused,  // the task graph refused a stream; the device calls it success
+    WouldAbort,     // a stream without a name: the device aborts the process
+    WouldThrow,     // a stream without a format: the device gets an exception
+};
+
+// "ready", "not created", "no streams", "stream refused", "would abort" or
+// "would throw".
+const char* toText(Outcome outcome);
+
+// One end of a stream at a node, as far as it was wired.
+struct StreamEnd {
+    std::optional<std::string> name;
+    std::optional<int> id;
+    std::optional<std::string> format;
+    bool remainNewest = false;  // inputs only
+};
+
+// An executor or a link. `key` is where its id leads; empty when there is no
+// such member (as for 'link_x', whose id is 0, without a 'link_0').
+struct OptionSet {
+    int index = 0;
+    int id = 0;
+    std::optional<std::string> key;
+    Options options;
+};
+
+struct Node {
+    int index = 0;
+    int id = 0;
+    std::optional<std::string> key;  // as in OptionSet
+    std::string name;                // "node_name", empty when there is none
+    std::string className;           // the name up to a '#'
+    Outcome outcome = Outcome::Ready;
+    std::optional<int> result;  // of initTaskNode; empty where it does not return
+    std::string message;        // why it is not ready; empty when it is
+    Options options;            // what its store holds afterwards
+    std::vector<StreamEnd> inputs;
+    std::vector<StreamEnd> outputs;
+};
+
+struct Stream {
+    int id = 0;
+    std::string name;
+    std::optional<std::string> producer;  // a node's key
+    std::vector<std::string> consumers;   // nodes' keys, each once
+};
+
+// A pipe, its members in the parser's own order. `key` is empty when the index
+// leads to no member of the root; everything else is then as in an empty pipe.
+struct Pipe {
+    int index = 0;
+    std::optional<std::string> key;
+    int threads = 0;
+    std::string linkMode;
+    std::vector<OptionSet> executors;
+    std::vector<OptionSet> links;
+    std::vector<Node> nodes;
+    std::vector<Stream> streams;  // by id
+};
+
+struct Survey {
+    std::vector<Pipe> pipes;
+};
+
+// How many nodes a survey has, and how many of them are not ready.
+struct Readiness {
+    size_t nodes = 0;
+    size_t notReady = 0;
+};
+Readiness readinessOf(const Survey& survey);
+
+// Receives the parser's records as it is run; an empty one receives nothing.
+struct RecordObserver {
+    int level = QV_LOG_ERROR;  // records of this level and more severe ones
+    QVLogSink sink;
+};
+
+struct SurveyRequest {
+    std::optional<int> pipe;  // only this pipe, from 0 to getPipeNum() - 1
+    RecordObserver records;
+
+    // Told after each pipe how many are done, of how many; may be empty.
+    std::function<void(size_t done, size_t total)> progress;
+};
+
+// Loads `text`, up to its first NUL, into `parser`. Returns nothing on success,
+// otherwise why there is no document in it.
+std::optional<std::string> loadConfiguration(const std::string& text,
+                                             const RecordObserver& records,
+                                             QVGraphParser* parser);
+
+// Surveys what the parser has loaded. Each pipe has a task graph of its own,
+// and its nodes are set up one by one, in order, whatever became of those
+// before. Node classes are those of QVNodeRegistry.
+//
+// What a node class throws while its node is set up is told as WouldThrow;
+// std::bad_alloc is passed on.
+Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& request);
+
+}  // namespace qvgraph
+
+#endif  // QVGRAPH_SURVEY_SURVEY_H_
