@@ -3,11 +3,13 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <charconv>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <system_error>
 
 #include "cli/input.h"
 #include "cli/output.h"
@@ -63,10 +65,13 @@ RecordObserver recordsOf(const Arguments& arguments) {
     return records;
 }
 
-// What is wrong with the argument of --pipe; nothing when it is an index.
-std::string checkIndex(const std::string& text) {
-    const bool isIndex = text.find_first_not_of("0123456789") == std::string::npos;
-    return isIndex ? "" : "an index is a number from 0, not " + text;
+// The index in an argument; nothing when it is none.
+std::optional<int> indexIn(const std::string& text) {
+    int index = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, index);
+    const bool isIndex = error == std::errc() && rest == end && index >= 0;
+    return isIndex ? std::optional<int>(index) : std::nullopt;
 }
 
 std::string noSuchPipe(const Input& input, int pipe, int pipes) {
@@ -84,7 +89,7 @@ std::string render(const Arguments& arguments, const Input& input, const Survey&
     if (arguments.format == "json") {
         renderInspectJson(report, input.name, survey);
     } else {
-        const int descriptor = arguments.output.empty() ? STDOUT_FILENO : -1;
+        const int descriptor = isStandardOutput(arguments.output) ? STDOUT_FILENO : -1;
         renderInspectText(report, input.name, survey, usesColour(arguments.colour, descriptor));
     }
     return report.str();
@@ -137,8 +142,15 @@ void addInspect(CLI::App* app, ExitCode* code) {
         ->option_text("FORMAT");
     verb->add_option("-o,--output", arguments->output, "Write the report to this file")
         ->option_text("FILE");
-    verb->add_option("--pipe", arguments->pipe, "Only the pipe with this index, from 0")
-        ->check(CLI::Validator(checkIndex, ""))
+    verb->add_option_function<std::string>(
+            "--pipe",
+            [arguments](const std::string& text) {
+                arguments->pipe = indexIn(text);
+                if (!arguments->pipe) {
+                    throw CLI::ValidationError("--pipe", "'" + text + "' is no index from 0");
+                }
+            },
+            "Only the pipe with this index, from 0")
         ->option_text("N");
     verb->add_option("--color", arguments->colour, "auto (the default), always or never")
         ->check(CLI::IsMember({"auto", "always", "never"}))

@@ -51,7 +51,11 @@ ExitCode run(int argc, char** argv) {
     } catch (const CLI::Success& success) {  // --help and --version
         return app.exit(success) == 0 ? ExitCode::Clean : ExitCode::Failed;
     } catch (const CLI::ParseError& error) {
-        qvgraph::complain(std::string(error.what()) + " (see qvgraph --help)");
+        std::string what = error.what();
+        if (app.get_subcommands().empty() && !app.remaining().empty()) {
+            what = "there is no verb '" + app.remaining().front() + "'";
+        }
+        qvgraph::complain(what + " (see qvgraph --help)");
         return ExitCode::Failed;
     } catch (const qvgraph::FileError& error) {
         qvgraph::complain(error.what());

@@ -18,10 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-[[noreturn]] void fail(const std::string& name, int error) {
-    throw FileError("cannot write " + name + ": " + strerror(error));
-}
-
 // Writes everything to a descriptor. Returns 0 or what went wrong.
 int writeAll(int descriptor, const std::string& text) {
     size_t done = 0;
@@ -35,19 +31,6 @@ int writeAll(int descriptor, const std::string& text) {
     return 0;
 }
 
-// Devices and pipes are written to as they are.
-void writeInPlace(const std::string& path, const std::string& report) {
-    const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
-    if (descriptor < 0) {
-        fail(path, errno);
-    }
-    const int error = writeAll(descriptor, report);
-    close(descriptor);
-    if (error != 0) {
-        fail(path, error);
-    }
-}
-
 // The permissions of a file that is replaced, or those of a new one.
 mode_t modeOf(const fs::path& path) {
     struct stat status = {};
@@ -59,48 +42,75 @@ mode_t modeOf(const fs::path& path) {
     return 0666 & ~mask;
 }
 
-// Writes a new file beside the old one and puts it in its place.
-void replaceFile(const fs::path& path, const std::string& report) {
-    std::string temporary = path.string() + ".XXXXXX";
+// Where a symbolic link leads in the end; any other path as it is.
+fs::path followLinks(fs::path path) {
+    const int mostLinks = 40;
+    std::error_code ignored;
+    for (int i = 0; i < mostLinks && fs::is_symlink(path, ignored); ++i) {
+        path = path.parent_path() / fs::read_symlink(path, ignored);
+    }
+    return path;
+}
+
+// Writes a new file beside the target and puts it in its place. Returns 0 or
+// what went wrong.
+int replaceFile(const fs::path& target, const std::string& report) {
+    std::string temporary = (target.parent_path() / ".qvgraph.XXXXXX").string();
     const int descriptor = mkstemp(temporary.data());
     if (descriptor < 0) {
-        fail(path.string(), errno);
+        return errno;
     }
     int error = writeAll(descriptor, report);
-    if (error == 0 && fchmod(descriptor, modeOf(path)) != 0) {
+    if (error == 0 && fchmod(descriptor, modeOf(target)) != 0) {
         error = errno;
     }
     if (close(descriptor) != 0 && error == 0) {
         error = errno;
     }
-    if (error == 0 && rename(temporary.c_str(), path.c_str()) != 0) {
+    if (error == 0 && rename(temporary.c_str(), target.c_str()) != 0) {
         error = errno;
     }
     if (error != 0) {
         unlink(temporary.c_str());
-        fail(path.string(), error);
     }
+    return error;
+}
+
+// Devices and pipes are written to as they are. Returns 0 or what went wrong.
+int writeInPlace(const std::string& path, const std::string& report) {
+    const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (descriptor < 0) {
+        return errno;
+    }
+    const int error = writeAll(descriptor, report);
+    close(descriptor);
+    return error;
+}
+
+// A symbolic link stays, and the file that it leads to is replaced.
+int writeFile(const std::string& path, const std::string& report) {
+    std::error_code ignored;
+    const fs::file_status status = fs::status(path, ignored);
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+        return writeInPlace(path, report);
+    }
+    const fs::path target = followLinks(path);
+    return fs::is_symlink(target, ignored) ? ELOOP : replaceFile(target, report);
 }
 
 }  // namespace
 
+bool isStandardOutput(const std::string& path) {
+    return path.empty() || path == "-";
+}
+
 void writeOutput(const std::string& path, const std::string& report) {
-    if (path.empty() || path == "-") {
-        const int error = writeAll(STDOUT_FILENO, report);
-        if (error != 0) {
-            fail("standard output", error);
-        }
-        return;
+    const bool standard = isStandardOutput(path);
+    const int error = standard ? writeAll(STDOUT_FILENO, report) : writeFile(path, report);
+    if (error != 0) {
+        throw FileError("cannot write " + (standard ? "standard output" : path) + ": " +
+                        strerror(error));
     }
-    std::error_code ignored;
-    const fs::file_status status = fs::status(path, ignored);
-    if (fs::exists(status) && !fs::is_regular_file(status)) {
-        writeInPlace(path, report);
-        return;
-    }
-    // A symbolic link stays, and the file that it leads to is replaced.
-    const fs::path target = fs::weakly_canonical(path, ignored);
-    replaceFile(target.empty() ? fs::path(path) : target, report);
 }
 
 }  // namespace qvgraph

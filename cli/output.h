@@ -6,8 +6,10 @@
 
 namespace qvgraph {
 
-// Writes a whole report to `path`, or to standard output where it is empty or
-// "-". A regular file is replaced in one step: either the whole report is
+// Whether a path stands for standard output: an empty one and "-".
+bool isStandardOutput(const std::string& path);
+
+// Writes a whole report to `path`, or to standard output. A regular file is replaced in one step: either the whole report is
 // there afterwards or what was there before. Throws FileError (cli/file_error.h).
 void writeOutput(const std::string& path, const std::string& report);
 

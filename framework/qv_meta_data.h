@@ -54,9 +54,8 @@ public:
     // Finds the string under `key`.
     //
     // Where a string is stored, sets `*value` to its text and returns
-    // non-zero. The text belongs to the store and must stay valid while the
-    // entry exists: the parser reads it until the call that looked it up
-    // returns. Otherwise, a number included, returns 0 and leaves `*value`
+    // non-zero. The text belongs to the store and must stay valid until the key
+    // is set again or removed: the parser reads it until initTaskNode returns. Otherwise, a number included, returns 0 and leaves `*value`
     // null or pointing to a valid string.
     //
     // The parser sets `*value` to null before each lookup. It tests the result

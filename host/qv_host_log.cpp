@@ -1,6 +1,5 @@
 #include "host/qv_host_log.h"
 
-#include <strings.h>
 #include <unistd.h>
 #include <utf8cpp/utf8.h>
 
@@ -17,8 +16,10 @@ namespace {
 
 std::atomic<int> passing_level{QV_LOG_ERROR};
 
+using SharedSink = std::shared_ptr<const QVLogSink>;
+
 std::mutex sink_mutex;
-std::shared_ptr<const QVLogSink> current_sink;  // null: standard error
+SharedSink current_sink;  // null: standard error
 
 bool takePrefix(std::string_view* text, std::string_view prefix) {
     if (text->substr(0, prefix.size()) != prefix) {
@@ -67,8 +68,12 @@ void appendEscaped(const char* begin, const char* end, std::string* out) {
     }
 }
 
+// Besides the control characters proper: line separators, and what sets the
+// direction of text.
 bool isControl(uint32_t codePoint) {
-    return codePoint < 0x20 || (codePoint >= 0x7f && codePoint < 0xa0);
+    return codePoint < 0x20 || (codePoint >= 0x7f && codePoint < 0xa0) || codePoint == 0x200e ||
+           codePoint == 0x200f || (codePoint >= 0x2028 && codePoint <= 0x202e) ||
+           (codePoint >= 0x2066 && codePoint <= 0x2069);
 }
 
 void appendPrintable(std::string_view text, std::string* out) {
@@ -109,12 +114,23 @@ void writeToStandardError(const QVLogRecord& record) {
     fwrite(line.data(), 1, line.size(), stderr);
 }
 
-std::shared_ptr<const QVLogSink> sinkNow() {
+SharedSink shared(QVLogSink sink) {
+    return sink ? std::make_shared<const QVLogSink>(std::move(sink)) : nullptr;
+}
+
+SharedSink sinkNow() {
     const std::lock_guard<std::mutex> lock(sink_mutex);
     return current_sink;
 }
 
-// The format with its arguments filled in.
+// Puts `sink` in the place of the one that is returned.
+SharedSink exchangeSink(SharedSink sink) {
+    const std::lock_guard<std::mutex> lock(sink_mutex);
+    current_sink.swap(sink);
+    return sink;
+}
+
+// The format with its arguments filled in; as it stands where that fails.
 QV_PRINTF_FORMAT(1, 0)
 std::string textOf(const char* format, va_list arguments) {
     va_list again;
@@ -125,11 +141,16 @@ std::string textOf(const char* format, va_list arguments) {
     if (length >= static_cast<int>(sizeof(text))) {
         message.resize(static_cast<size_t>(length));
         vsnprintf(message.data(), message.size() + 1, format, again);
-    } else if (length > 0) {
-        message.assign(text, static_cast<size_t>(length));
+    } else {
+        message = length >= 0 ? text : format;
     }
     va_end(again);
     return message;
+}
+
+int asciiLower(char letter) {
+    const auto code = static_cast<unsigned char>(letter);
+    return code >= 'A' && code <= 'Z' ? code + ('a' - 'A') : code;
 }
 
 // Hands a record that passes the filter to the sink.
@@ -191,8 +212,13 @@ std::string util_to_string(int value) {
     return std::to_string(value);
 }
 
+// strcasecmp would follow the locale.
 int util_strcasecmp(const char* a, const char* b) {
-    return strcasecmp(a, b);
+    while (*a != '\0' && asciiLower(*a) == asciiLower(*b)) {
+        ++a;
+        ++b;
+    }
+    return asciiLower(*a) - asciiLower(*b);
 }
 
 void* qv_memset(void* memory, int value, size_t size) {
@@ -208,15 +234,8 @@ int qv_log_level() {
 }
 
 QVLogSink qv_log_set_sink(QVLogSink sink) {
-    std::shared_ptr<const QVLogSink> other;
-    if (sink) {
-        other = std::make_shared<const QVLogSink>(std::move(sink));
-    }
-    {
-        const std::lock_guard<std::mutex> lock(sink_mutex);
-        current_sink.swap(other);
-    }
-    return other ? *other : QVLogSink();
+    const auto previous = exchangeSink(shared(std::move(sink)));
+    return previous ? *previous : QVLogSink();
 }
 
 bool qv_log_is_assertion(const QVLogRecord& record) {
@@ -238,11 +257,11 @@ std::string qv_log_line(const QVLogRecord& record, bool colour) {
 }
 
 QVLogScope::QVLogScope(int level, QVLogSink sink)
-    : mLevel(qv_log_level()), mSink(qv_log_set_sink(std::move(sink))) {
+    : mLevel(qv_log_level()), mSink(exchangeSink(shared(std::move(sink)))) {
     qv_log_set_level(level);
 }
 
 QVLogScope::~QVLogScope() {
     qv_log_set_level(mLevel);
-    qv_log_set_sink(std::move(mSink));
+    exchangeSink(std::move(mSink));
 }

@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "framework/qv_log.h"
@@ -27,7 +28,7 @@ struct QVLogRecord {
 
 // Takes a record. What it throws goes to the caller of qv_log or qv_err: a
 // sink that throws at the record of a failed assertion keeps the process from
-// being aborted.
+// being aborted, provided that the level lets errors pass.
 using QVLogSink = std::function<void(const QVLogRecord&)>;
 
 // Lets records of `level` and more severe ones pass; others cost next to
@@ -47,9 +48,9 @@ bool qv_log_is_assertion(const QVLogRecord& record);
 //
 //   QVGraphParser error parseConfigFile:68: failed to fopen(pipes.json)
 //
-// in the colour of its format when `colour` is set. Control characters and
-// bytes that are not UTF-8 appear as \xNN: text from a configuration can
-// neither add lines nor steer a terminal.
+// in the colour of its format when `colour` is set. Control characters, those
+// that set the direction of text, and bytes that are not UTF-8 appear as \xNN:
+// text from a configuration can neither add lines nor steer a terminal.
 std::string qv_log_line(const QVLogRecord& record, bool colour);
 
 // Sets level and sink, and at the end of its scope puts back what was there.
@@ -64,7 +65,7 @@ public:
 
 private:
     int mLevel;
-    QVLogSink mSink;
+    std::shared_ptr<const QVLogSink> mSink;  // null: standard error
 };
 
 #endif  // QVGRAPH_HOST_QV_HOST_LOG_H_

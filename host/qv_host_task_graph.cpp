@@ -9,16 +9,17 @@ void QVHostTaskGraph::beginNode(int node) {
 
 // The stream of that name, made when it is new.
 QVHostTaskGraph::Stream* QVHostTaskGraph::streamNamed(const std::string& name) {
-    const auto known = mIds.find(name);
-    if (known != mIds.end()) {
-        return &mStreams[static_cast<size_t>(known->second)];
+    const int next = static_cast<int>(mStreams.size());
+    const auto [known, isNew] = mIds.try_emplace(name, next);
+    if (isNew) {
+        try {
+            mStreams.push_back(Stream{next, name, std::nullopt, {}});
+        } catch (...) {
+            mIds.erase(known);
+            throw;
+        }
     }
-    Stream stream;
-    stream.id = static_cast<int>(mStreams.size());
-    stream.name = name;
-    mStreams.push_back(stream);
-    mIds.emplace(name, stream.id);
-    return &mStreams.back();
+    return &mStreams[static_cast<size_t>(known->second)];
 }
 
 int QVHostTaskGraph::addInputStream(std::string name) {

@@ -19,7 +19,7 @@ struct QVNodeClass {
 
     // Returns a new node, which the owner of the record deletes, or null when
     // it cannot be made. A node without an option store (a null mOptions) gets
-    // one. `info` has the node's id and the numbers of its declared streams.
+    // one, which it leaves in its place and does not delete. `info` has the node's id and the numbers of its declared streams.
     QVTaskNodeBase* (*create)(const _QVNodeInfo* info) = nullptr;
 
     // How many inputs and outputs a node of the class has, from 0, or
@@ -39,7 +39,7 @@ public:
     QVNodeClassRegistry& operator=(const QVNodeClassRegistry&) = delete;
 
     // Makes a class known from now on. Returns 0, or, without any effect, -1
-    // when its name is taken and -2 when the name or `create` is not as said.
+    // when its name is taken and -2 when the class is not as said above.
     virtual int registerClass(const QVNodeClass& nodeClass) = 0;
 };
 

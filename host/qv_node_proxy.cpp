@@ -14,7 +14,9 @@
 
 namespace {
 
-// The names that the proxy has seen, each under one index.
+// The names that the proxy has seen, each under one index, from 1: a record
+// that has not seen the proxy holds 0. They are kept as long as the process
+// runs.
 class NodeNames {
 public:
     int32_t indexOf(std::string_view name) {
@@ -23,15 +25,16 @@ public:
         if (known != mIndexes.end()) {
             return known->second;
         }
+        mNames.emplace_back(name);
         const auto index = static_cast<int32_t>(mNames.size());
-        mIndexes.emplace(mNames.emplace_back(name), index);
+        mIndexes.emplace(mNames.back(), index);
         return index;
     }
 
     // The name at an index; empty when there is none.
     std::string_view at(int32_t index) {
         const std::lock_guard<std::mutex> lock(mMutex);
-        const auto place = static_cast<size_t>(index);
+        const auto place = static_cast<size_t>(index) - 1;
         return place < mNames.size() ? std::string_view(mNames[place]) : std::string_view();
     }
 
@@ -46,9 +49,23 @@ NodeNames& nodeNames() {
     return names;
 }
 
-// The store of a node that brought none. A type of its own tells the owner
-// which stores to delete.
-class SuppliedStore final : public QVHostMetaData {};
+// The store of a node that brought none. It knows its node, so that the node's
+// owner can tell it from the store of another node, put in its place.
+class SuppliedStore final : public QVHostMetaData {
+public:
+    explicit SuppliedStore(const QVTaskNodeBase* node) : mNode(node) {}
+
+    bool isOf(const QVTaskNodeBase* node) const { return mNode == node; }
+
+private:
+    const QVTaskNodeBase* mNode;
+};
+
+// The store that was supplied to a node; null when none was.
+SuppliedStore* suppliedTo(const QVTaskNodeBase* node) {
+    auto* store = node != nullptr ? dynamic_cast<SuppliedStore*>(node->mOptions) : nullptr;
+    return store != nullptr && store->isOf(node) ? store : nullptr;
+}
 
 template <typename Manager, typename Base>
 void addManagers(int number, std::vector<Base*>* managers) {
@@ -88,7 +105,7 @@ void node_proxy_node_create(_QVNodeInfo* info) {
         return;
     }
     if (info->node->mOptions == nullptr) {
-        info->node->mOptions = new SuppliedStore;
+        info->node->mOptions = new SuppliedStore(info->node);
     }
     addManagers<QVHostInputStreamManager>(numberOf(nodeClass->inputNum, info->inputNum),
                                           &info->inputStreams);
@@ -97,8 +114,7 @@ void node_proxy_node_create(_QVNodeInfo* info) {
 }
 
 QVNodeOwner::~QVNodeOwner() {
-    QvMetaData* options = mInfo.node != nullptr ? mInfo.node->mOptions : nullptr;
-    const auto* supplied = dynamic_cast<SuppliedStore*>(options);
+    const SuppliedStore* supplied = suppliedTo(mInfo.node);
     delete mInfo.node;
     deleteAll(mInfo.inputStreams);
     deleteAll(mInfo.outputStreams);

@@ -1,5 +1,7 @@
 #include "host/qv_node_registry.h"
 
+#include <utility>
+
 #include "host/qv_host_task_node.h"
 
 namespace {
@@ -12,6 +14,15 @@ bool isClassName(const char* name) {
     return name != nullptr && *name != '\0' && qv_node_class_name(name) == name;
 }
 
+bool isNumber(int streams) {
+    return streams >= 0 || streams == QV_AS_DECLARED;
+}
+
+bool isClass(const QVNodeClass& nodeClass) {
+    return isClassName(nodeClass.name) && nodeClass.create != nullptr &&
+           isNumber(nodeClass.inputNum) && isNumber(nodeClass.outputNum);
+}
+
 }  // namespace
 
 QVNodeRegistry& QVNodeRegistry::instance() {
@@ -20,13 +31,17 @@ QVNodeRegistry& QVNodeRegistry::instance() {
 }
 
 int QVNodeRegistry::registerClass(const QVNodeClass& nodeClass) {
-    if (!isClassName(nodeClass.name) || nodeClass.create == nullptr) {
+    return registerClass(nodeClass, "");
+}
+
+int QVNodeRegistry::registerClass(const QVNodeClass& nodeClass, const std::string& origin) {
+    if (!isClass(nodeClass)) {
         return -2;
     }
-    QVNodeClass kept = nodeClass;
-    kept.name = nullptr;  // the caller's
+    Registered registered = {nodeClass, origin};
+    registered.nodeClass.name = nullptr;  // the caller's
     const std::lock_guard<std::mutex> lock(mMutex);
-    return mClasses.emplace(nodeClass.name, kept).second ? 0 : -1;
+    return mClasses.try_emplace(nodeClass.name, std::move(registered)).second ? 0 : -1;
 }
 
 bool QVNodeRegistry::unregisterClass(std::string_view name) {
@@ -39,14 +54,14 @@ bool QVNodeRegistry::unregisterClass(std::string_view name) {
     return true;
 }
 
-std::vector<std::string> QVNodeRegistry::classNames() const {
+std::vector<QVNodeRegistry::Entry> QVNodeRegistry::classes() const {
     const std::lock_guard<std::mutex> lock(mMutex);
-    std::vector<std::string> names;
-    names.reserve(mClasses.size());
-    for (const auto& entry : mClasses) {
-        names.push_back(entry.first);
+    std::vector<Entry> entries;
+    entries.reserve(mClasses.size());
+    for (const auto& [name, registered] : mClasses) {
+        entries.push_back({name, registered.origin});
     }
-    return names;
+    return entries;
 }
 
 void QVNodeRegistry::setStub(bool stub) {
@@ -63,7 +78,7 @@ std::optional<QVNodeClass> QVNodeRegistry::find(std::string_view name) const {
     const std::lock_guard<std::mutex> lock(mMutex);
     const auto found = mClasses.find(name);
     if (found != mClasses.end()) {
-        return found->second;
+        return found->second.nodeClass;
     }
     if (mStub && !name.empty()) {
         QVNodeClass stub;

@@ -2,7 +2,8 @@
 //
 // The proxy takes a node's name up to a '#' for the name of its class; what
 // follows is a label that tells nodes of one class apart: "Camera#front". A
-// name without a class, and a class that is not registered, give no node.
+// name without a class, and a class that is not registered, give no node. The
+// proxy keeps every name that it has seen as long as the process runs.
 #ifndef QVGRAPH_HOST_QV_NODE_REGISTRY_H_
 #define QVGRAPH_HOST_QV_NODE_REGISTRY_H_
 
@@ -27,8 +28,17 @@ public:
     // Forgets a class; nodes of it stay. Returns whether there was one.
     bool unregisterClass(std::string_view name);
 
-    // The names of the registered classes, in byte order.
-    std::vector<std::string> classNames() const;
+    // The same, with where the class comes from: the path of a library.
+    int registerClass(const QVNodeClass& nodeClass, const std::string& origin);
+
+    // A registered class, and where it comes from; empty for the program.
+    struct Entry {
+        std::string name;
+        std::string origin;
+    };
+
+    // The registered classes, in the byte order of their names.
+    std::vector<Entry> classes() const;
 
     // Whether QVStubTaskNode stands in for every class that is not registered,
     // with as many stream managers as the configuration declares.
@@ -43,7 +53,11 @@ private:
     QVNodeRegistry() = default;
 
     mutable std::mutex mMutex;
-    std::map<std::string, QVNodeClass, std::less<>> mClasses;
+    struct Registered {
+        QVNodeClass nodeClass;  // its name is null: the key has it
+        std::string origin;
+    };
+    std::map<std::string, Registered, std::less<>> mClasses;
     bool mStub = false;
 };
 

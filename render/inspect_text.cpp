@@ -24,6 +24,9 @@ const size_t DETAIL = 9;
 // A column wider than this no longer pushes the columns behind it.
 const size_t MAX_ALIGNED = 28;
 
+// At most so many columns stand before the last cell of a row.
+const size_t MAX_BEFORE_LAST = 60;
+
 class Report {
 public:
     Report(std::ostream& out, bool colour) : mOut(out), mColour(colour) {}
@@ -239,14 +242,20 @@ void Report::writeRows(const std::vector<Row>& rows, size_t indent) {
     }
 }
 
-// The last cell takes the rest of the line, and of further lines.
+// The last cell takes the rest of the line, and of further lines. Where the
+// cells before it leave it too little, the row is wrapped as a whole.
 void Report::writeRow(const Row& row, const std::vector<size_t>& widths, size_t indent) {
     std::string line = blanks(indent);
     for (size_t i = 0; i + 1 < row.size(); ++i) {
         line += padded(row[i], widths[i]) + "  ";
     }
-    mOut << line;
-    writeWrapped(mOut, row.back(), columnsOf(line));
+    if (columnsOf(line) <= MAX_BEFORE_LAST) {
+        mOut << line;
+        writeWrapped(mOut, row.back(), columnsOf(line));
+    } else {
+        mOut << blanks(indent);
+        writeWrapped(mOut, line.substr(indent) + row.back(), indent);
+    }
 }
 
 }  // namespace
@@ -255,10 +264,13 @@ std::string textOf(const Readiness& readiness) {
     if (readiness.nodes == 0) {
         return "no nodes";
     }
-    const std::string nodes = counted(readiness.nodes, "node");
-    return readiness.notReady == 0
-               ? nodes + ", all ready"
-               : nodes + ", " + std::to_string(readiness.notReady) + " of them not ready";
+    const std::string nodes = counted(readiness.nodes, "node") + ", ";
+    if (readiness.nodes == 1) {
+        return nodes + (readiness.notReady == 0 ? "ready" : "not ready");
+    }
+    return nodes + (readiness.notReady == 0
+                        ? "all ready"
+                        : std::to_string(readiness.notReady) + " of them not ready");
 }
 
 void renderInspectText(std::ostream& out,

@@ -15,7 +15,8 @@ void renderInspectText(std::ostream& out,
                        const Survey& survey,
                        bool colour);
 
-// "no nodes", "14 nodes, all ready" or "14 nodes, 2 of them not ready".
+// "no nodes", "1 node, ready", "14 nodes, all ready", "14 nodes, 2 of them not
+// ready".
 std::string textOf(const Readiness& readiness);
 
 }  // namespace qvgraph

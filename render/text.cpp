@@ -16,8 +16,12 @@ const size_t LINE_COLUMNS = 80;
 // The narrowest column that text is wrapped to, however deep it is indented.
 const size_t MIN_COLUMNS = 20;
 
+// Besides the control characters proper: line separators, and what sets the
+// direction of text.
 bool isControl(uint32_t codePoint) {
-    return codePoint < 0x20 || (codePoint >= 0x7f && codePoint < 0xa0);
+    return codePoint < 0x20 || (codePoint >= 0x7f && codePoint < 0xa0) || codePoint == 0x200e ||
+           codePoint == 0x200f || (codePoint >= 0x2028 && codePoint <= 0x202e) ||
+           (codePoint >= 0x2066 && codePoint <= 0x2069);
 }
 
 // Where a text of valid UTF-8 is cut so that at most `columns` stand before
@@ -48,7 +52,7 @@ std::string printable(std::string_view text) {
         const char* const begin = at;
         const uint32_t codePoint = utf8::unchecked::next(at);
         if (isControl(codePoint)) {
-            char escaped[5];
+            char escaped[12];
             snprintf(escaped, sizeof(escaped), "\\x%02x", codePoint);
             out += escaped;
         } else {
@@ -71,14 +75,16 @@ std::string padded(std::string_view printable, size_t columns) {
 void writeWrapped(std::ostream& out, std::string_view printable, size_t indent) {
     const size_t columns =
         indent + MIN_COLUMNS < LINE_COLUMNS ? LINE_COLUMNS - indent : MIN_COLUMNS;
-    size_t cut = cutAt(printable, columns);
-    out << printable.substr(0, cut) << '\n';
-    printable.remove_prefix(cut);
-    while (!printable.empty()) {
-        printable.remove_prefix(std::min(printable.find_first_not_of(' '), printable.size()));
-        cut = cutAt(printable, columns);
-        out << std::string(indent, ' ') << printable.substr(0, cut) << '\n';
-        printable.remove_prefix(cut);
+    for (;;) {
+        const size_t cut = cutAt(printable, columns);
+        const size_t next = printable.find_first_not_of(' ', cut);
+        if (next == std::string_view::npos) {
+            out << printable.substr(0, cut) << '\n';
+            return;
+        }
+        const size_t end = printable.find_last_not_of(' ', cut - 1) + 1;
+        out << printable.substr(0, end) << '\n' << std::string(indent, ' ');
+        printable.remove_prefix(next);
     }
 }
 

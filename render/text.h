@@ -9,8 +9,9 @@
 
 namespace qvgraph {
 
-// `text` as valid UTF-8 on one line: bytes that are not UTF-8 become U+FFFD,
-// control characters \xNN.
+// `text` as valid UTF-8 on one line: bytes that are not UTF-8 become U+FFFD;
+// control characters, and those that set the direction of text, \xNN with
+// their code point.
 std::string printable(std::string_view text);
 
 // How many columns a printable text takes: one for each code point.

@@ -72,31 +72,30 @@ std::string placeOf(const char* side, size_t index, size_t count) {
 }
 
 // Streams are wired in order, inputs first: the first end that is not bound is
-// the one without a name.
-std::string explainAbort(const Node& node) {
+// the one without a name. Where all are, a node class asserted something.
+std::string explainAbort(const Node& node, const AssertionFailed& failed) {
     const size_t inputs = boundOf(node.inputs);
-    const std::string place = inputs < node.inputs.size()
-                                  ? placeOf("input", inputs, node.inputs.size())
-                                  : placeOf("output", boundOf(node.outputs), node.outputs.size());
-    return "no name for its " + place;
-}
-
-// The last end that is bound is the one without a format.
-std::string explainNoFormat(Node* node) {
-    const size_t outputs = boundOf(node->outputs);
-    const char* side = outputs > 0 ? "output" : "input";
-    Ends& ends = outputs > 0 ? node->outputs : node->inputs;
-    const size_t index = boundOf(ends) - 1;
-    ends[index].format.reset();
-    return "no format for its " + placeOf(side, index, ends.size()) + " '" + *ends[index].name +
-           "'";
-}
-
-std::string explainThrow(const std::exception& error, Node* node) {
-    if (error.what() == NO_FORMAT && boundOf(node->inputs) + boundOf(node->outputs) > 0) {
-        return explainNoFormat(node);
+    if (inputs < node.inputs.size()) {
+        return "no name for its " + placeOf("input", inputs, node.inputs.size());
     }
-    return error.what();
+    const size_t outputs = boundOf(node.outputs);
+    if (outputs < node.outputs.size()) {
+        return "no name for its " + placeOf("output", outputs, node.outputs.size());
+    }
+    return failed.text;
+}
+
+// The last end that is bound is the one without a format, if one is.
+std::string explainThrow(const std::exception& error, Node* node) {
+    const bool atOutput = boundOf(node->outputs) > 0;
+    Ends& ends = atOutput ? node->outputs : node->inputs;
+    const size_t bound = boundOf(ends);
+    if (error.what() != NO_FORMAT || bound == 0 || !ends[bound - 1].format.value_or("").empty()) {
+        return error.what();
+    }
+    ends[bound - 1].format.reset();
+    return "no format for its " + placeOf(atOutput ? "output" : "input", bound - 1, ends.size()) +
+           " '" + *ends[bound - 1].name + "'";
 }
 
 std::string explainRefusal(const QVHostTaskGraph::Refusal& refusal) {
@@ -152,10 +151,10 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
         node.result = parser.initTaskNode(graph, pipe, id, owner.info());
         readWiring(*owner.info(), &node);
         tellResult(*owner.info(), *graph, &node);
-    } catch (const AssertionFailed&) {
+    } catch (const AssertionFailed& failed) {
         readWiring(*owner.info(), &node);
         node.outcome = Outcome::WouldAbort;
-        node.message = explainAbort(node);
+        node.message = explainAbort(node, failed);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {

@@ -2,6 +2,8 @@
 #ifndef QVGRAPH_SURVEY_NODE_SETUP_H_
 #define QVGRAPH_SURVEY_NODE_SETUP_H_
 
+#include <string>
+
 #include "host/qv_host_task_graph.h"
 #include "survey/survey.h"
 
@@ -9,7 +11,9 @@ namespace qvgraph {
 
 // What the log sink throws at the record of a failed assertion, so that the
 // process goes on where a device's would be aborted.
-struct AssertionFailed {};
+struct AssertionFailed {
+    std::string text;  // of the record
+};
 
 // Sets up 'node_<id>' of a pipe in `graph`. `index` and `key` are left to the
 // caller. REQUIRES: the log sink throws AssertionFailed as said.

@@ -37,12 +37,22 @@ int levelFor(const RecordObserver& records) {
     return records.sink ? std::max<int>(records.level, QV_LOG_ERROR) : QV_LOG_ERROR;
 }
 
+// The message of an error record, without colour and newline.
+std::string plainMessage(const QVLogRecord& record) {
+    std::string message = record.message;
+    message.erase(0, std::string(QV_LOG_RED).size());
+    message.resize(message.size() - std::string(QV_LOG_PLAIN).size());
+    if (!message.empty() && message.back() == '\n') {
+        message.pop_back();
+    }
+    return message;
+}
+
 // What json11 says of a text, in the record that the parser makes of it.
 std::string jsonErrorIn(const QVLogRecord& record) {
-    const std::string message = record.message;
+    const std::string message = plainMessage(record);
     const std::string before = "err=";
-    const size_t begin = message.find(before) + before.size();
-    return message.substr(begin, message.size() - std::string(QV_LOG_PLAIN).size() - begin);
+    return message.substr(message.find(before) + before.size());
 }
 
 OptionSet surveyExecutor(const QVGraphParser& parser, const Pipe& pipe, int index) {
@@ -160,7 +170,7 @@ Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& req
     const QVLogScope scope(levelFor(request.records), [&](const QVLogRecord& record) {
         observer(record);
         if (qv_log_is_assertion(record)) {
-            throw AssertionFailed();
+            throw AssertionFailed{plainMessage(record)};
         }
     });
     Survey survey;

@@ -1,0 +1,232 @@
+// Loading from files: whatever stands at a path gives the stated code.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "tests/graph/parser_test.h"
+#include "tests/support/temporary_folder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class FilesTest : public ParserTest {
+protected:
+    void AssertLoads(const std::string& path, int pipes) {
+        EXPECT_EQ(parser.parseConfigFile(path.c_str()), 0) << path;
+        EXPECT_EQ(framework.takeTrace(), "\n");
+        EXPECT_EQ(reader.getPipeNum(), pipes);
+    }
+
+    // Does not open, and leaves the present document.
+    void AssertNotOpened(const std::string& path) {
+        SCOPED_TRACE(path);
+        Load(R"({"pipe_0": {}, "pipe_1": {}})");
+        EXPECT_EQ(parser.parseConfigFile(path.c_str()), -5);
+        EXPECT_EQ(framework.takeTrace(),
+                  "\nqv_err 2 parseConfigFile \"\\033[31m\\033[1mfailed to fopen(" + path +
+                      ")\\033[0m\"\n");
+        EXPECT_EQ(reader.getPipeNum(), 2);
+    }
+
+    // Opens, reads as the empty text, and takes the present document away.
+    void AssertReadsAsEmpty(const std::string& path) {
+        SCOPED_TRACE(path);
+        Load(R"({"pipe_0": {}})");
+        EXPECT_EQ(parser.parseConfigFile(path.c_str()), -1);
+        EXPECT_EQ(framework.takeTrace(), R"(
+qv_err 2 parseConfigText "\033[31m\033[1mfailed to json11::Json::parse(...), err=unexpected end of input\033[0m"
+)");
+        EXPECT_TRUE(reader.root().is_null());
+    }
+
+    const TemporaryFolder folder;
+};
+
+// The lowest number that a new file would get.
+int nextDescriptor() {
+    const int descriptor = open("/dev/null", O_RDONLY);
+    close(descriptor);
+    return descriptor;
+}
+
+// Takes root's rights to read everything away while it exists.
+class Unprivileged {
+public:
+    Unprivileged() : wasRoot(geteuid() == 0), dropped(!wasRoot || seteuid(65534) == 0) {}
+    ~Unprivileged() {
+        if (wasRoot && dropped && seteuid(0) != 0) {
+            abort();
+        }
+    }
+    Unprivileged(const Unprivileged&) = delete;
+    Unprivileged& operator=(const Unprivileged&) = delete;
+
+    const bool wasRoot;
+    const bool dropped;
+};
+
+}  // namespace
+
+TEST_F(FilesTest, FileIsLoadedAsItsText) {
+    AssertLoads(folder.write("graph.json", R"({"pipe_0": {}, /* two */ "pipe_1": {}})"), 2);
+}
+
+TEST_F(FilesTest, FileIsReadInBinary) {
+    AssertLoads(folder.write("graph.json", "{\"pipe_0\":\r\n{\"a\": \"\xff\"}}\r\n"), 1);
+    EXPECT_EQ(reader.root()["pipe_0"]["a"].string_value(), "\xff");
+}
+
+TEST_F(FilesTest, FileReplacesTheDocument) {
+    AssertLoads(folder.write("one.json", R"({"pipe_0": {}})"), 1);
+    AssertLoads(folder.write("two.json", R"({"pipe_0": {}, "pipe_1": {}})"), 2);
+}
+
+TEST_F(FilesTest, LinkIsFollowed) {
+    folder.write("graph.json", R"({"pipe_0": {}})");
+    fs::create_symlink("graph.json", folder.path("link.json");
+    AssertLoads(folder.path("link.json"), 1);
+}
+
+TEST_F(FilesTest, MissingFileIsNotOpened) {
+    AssertNotOpened(folder.path("missing.json"));
+    AssertNotOpened("");
+}
+
+TEST_F(FilesTest, NullPathIsNotOpened) {
+    Load(R"({"pipe_0": {}})");
+    EXPECT_EQ(parser.parseConfigFile(nullptr), -5);
+    EXPECT_EQ(framework.takeTrace(), R"(
+qv_err 2 parseConfigFile "\033[31m\033[1mfailed to fopen((null))\033[0m"
+)");
+    EXPECT_EQ(reader.getPipeNum(), 1);
+}
+
+TEST_F(FilesTest, FileBelowAFileIsNotOpened) {
+    AssertNotOpened(folder.write("graph.json", "{}") + "/graph.json");
+}
+
+TEST_F(FilesTest, DanglingLinkIsNotOpened) {
+    fs::create_symlink("missing.json", folder.path("link.json");
+    AssertNotOpened(folder.path("link.json"));
+}
+
+TEST_F(FilesTest, LoopOfLinksIsNotOpened) {
+    fs::create_symlink("b.json", folder.path("a.json");
+    fs::create_symlink("a.json", folder.path("b.json");
+    AssertNotOpened(folder.path("a.json"));
+}
+
+TEST_F(FilesTest, NameThatIsTooLongIsNotOpened) {
+    AssertNotOpened(folder.path(std::string(300, 'n')));
+}
+
+TEST_F(FilesTest, UnreadableFileIsNotOpened) {
+    const std::string path = folder.write("graph.json", "{}");
+    ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+    ASSERT_EQ(chmod(path.c_str(), 0000), 0);
+    const Unprivileged rights;
+    if (!rights.dropped) {
+        GTEST_SKIP() << "root cannot become another user here";
+    }
+    AssertNotOpened(path);
+}
+
+TEST_F(FilesTest, EmptyFileIsTheEmptyText) {
+    AssertReadsAsEmpty(folder.write("empty.json", ""));
+}
+
+TEST_F(FilesTest, FolderReadsAsEmpty) {
+    AssertReadsAsEmpty(folder.path());
+}
+
+TEST_F(FilesTest, DevNullReadsAsEmpty) {
+    AssertReadsAsEmpty("/dev/null");
+}
+
+TEST_F(FilesTest, ProcFileReadsAsEmpty) {
+    const std::string path = "/proc/self/status";
+    if (!std::ifstream(path)) {
+        GTEST_SKIP() << "no " << path << " here";
+    }
+    AssertReadsAsEmpty(path);
+}
+
+TEST_F(FilesTest, FifoReadsAsEmptyAlthoughItHoldsText) {
+    const std::string path = folder.path("fifo");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    // Without an end to write, opening the other one would wait for it.
+    const int writer = open(path.c_str(), O_RDWR | O_NONBLOCK);
+    ASSERT_GE(writer, 0);
+    ASSERT_EQ(write(writer, "{}", 2), 2);
+    AssertReadsAsEmpty(path);
+    close(writer);
+}
+
+TEST_F(FilesTest, FileOfThreeGibibytesReadsAsEmpty) {
+    const std::string path = folder.write("large.json", "{}");
+    if (truncate(path.c_str(), off_t{3} << 30) != 0) {
+        GTEST_SKIP() << "no file of that size can be made here";
+    }
+    AssertReadsAsEmpty(path);
+}
+
+TEST_F(FilesTest, TextEndsAtItsFirstNul) {
+    AssertLoads(folder.write("graph.json", std::string("{\"pipe_0\": {}}\0 not read", 24)), 1);
+    AssertReadsAsEmpty(folder.write("nul.json", std::string("\0{}", 3)));
+}
+
+// Attributes of the system tell the size of a page, and hold a line.
+TEST_F(FilesTest, TextEndsWhereLessIsReadThanTheSizeTells) {
+    const std::string path = "/sys/devices/system/cpu/kernel_max";
+    std::error_code error;
+    const auto size = fs::file_size(path, error);
+    if (error || size <= readFile(path).size()) {
+        GTEST_SKIP() << "no such file here";
+    }
+    AssertLoads(path, 0);
+    EXPECT_TRUE(reader.root().is_number());
+}
+
+TEST_F(FilesTest, MalformedFileDropsThePresentDocument) {
+    Load(R"({"pipe_0": {}})");
+    EXPECT_EQ(parser.parseConfigFile(folder.write("bad.json", "{\"pipe_0\": }").c_str()), -1);
+    EXPECT_EQ(framework.takeTrace(), R"(
+qv_err 2 parseConfigText "\033[31m\033[1mfailed to json11::Json::parse(...), err=expected value, got '}' (125)\033[0m"
+)");
+    EXPECT_TRUE(reader.root().is_null());
+}
+
+TEST_F(FilesTest, TwentyThousandPipesAreLoaded) {
+    const int count = 20000;
+    std::string text = "{";
+    for (int pipe = 0; pipe < count; ++pipe) {
+        text += (pipe == 0 ? "" : ",") + ("\"pipe_" + std::to_string(pipe)) +
+                "\":{\"node_3\":{},\"default_mode_link\":\"m" + std::to_string(pipe) + "\"}";
+    }
+    AssertLoads(folder.write("large.json", text + "}"), count);
+    EXPECT_EQ(reader.getDefaultLinkMode(count - 1), "m19999");
+    EXPECT_EQ(reader.getDefaultLinkMode(count), "none");
+    EXPECT_EQ(reader.getNodeIDByIndex(count - 1, 0), 3);
+}
+
+TEST_F(FilesTest, FileIsClosedWhateverItHolds) {
+    const int before = nextDescriptor();
+    for (const char* text : {"{}", "{", "", "null"}) {
+        parser.parseConfigFile(folder.write("graph.json", text).c_str());
+        EXPECT_EQ(nextDescriptor(), before) << text;
+    }
+}
+
+TEST_F(FilesTest, FileIsClosedWhenTheLoggerThrows) {
+    const int before = nextDescriptor();
+    framework.onCall = [](const std::string& call) { throw std::runtime_error(call); };
+    EXPECT_THROW(parser.parseConfigFile(folder.write("bad.json", "{").c_str()), std::runtime_error);
+    EXPECT_THROW(parser.parseConfigFile(folder.path("missing").c_str()), std::runtime_error);
+    EXPECT_EQ(nextDescriptor(), before);
+}

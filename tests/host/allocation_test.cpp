@@ -1,0 +1,132 @@
+// What the framework for the desk allocates and frees, counted for the whole
+// program.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+#include <string>
+
+#include "framework/qv_log.h"
+#include "framework/qv_node_proxy.h"
+#include "host/qv_host_log.h"
+#include "host/qv_node_owner.h"
+#include "host/qv_node_registry.h"
+#include "tests/host/registry_test.h"
+
+namespace {
+
+std::atomic<int> made{0};
+std::atomic<int> living{0};
+std::atomic<int> untilFailure{-1};  // allocations until one fails; -1: never
+
+void* allocate(size_t size) {
+    if (untilFailure == 0) {
+        throw std::bad_alloc();
+    }
+    if (untilFailure > 0) {
+        --untilFailure;
+    }
+    void* const memory = malloc(size != 0 ? size : 1);
+    if (memory == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++made;
+    ++living;
+    return memory;
+}
+
+void release(void* memory) {
+    living -= memory != nullptr ? 1 : 0;
+    free(memory);
+}
+
+}  // namespace
+
+void* operator new(size_t size) {
+    return allocate(size);
+}
+void* operator new[](size_t size) {
+    return allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    release(memory);
+}
+void operator delete[](void* memory) noexcept {
+    release(memory);
+}
+void operator delete(void* memory, size_t /*size*/) noexcept {
+    release(memory);
+}
+void operator delete[](void* memory, size_t /*size*/) noexcept {
+    release(memory);
+}
+
+namespace {
+
+class BareNode : public QVTaskNodeBase {
+public:
+    int initialize(int /*nodeId*/,
+                   _QVTaskNodeInfo* /*info*/,
+                   const std::vector<QVInputStreamManager*>& /*inputs*/,
+                   const std::vector<QVOutputStreamManager*>& /*outputs*/) override {
+        return 0;
+    }
+};
+
+class OwnerAllocationTest : public RegistryTest {
+protected:
+    void SetUp() override {
+        RegistryTest::SetUp();
+        registry.registerClass(
+            {"Bare", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new BareNode; }});
+        _QVNodeInfo info;
+        node_proxy_parse_stub_uid(&info, "Bare");  // the proxy keeps the name
+    }
+
+    // Sets up a node that brings no store, and lets its owner end.
+    static void SetUpAndEnd() {
+        QVNodeOwner owner;
+        node_proxy_parse_stub_uid(owner.info(), "Bare");
+        owner.info()->inputNum = 3;
+        owner.info()->outputNum = 2;
+        node_proxy_node_create(owner.info());
+        owner.info()->node->mOptions->setCString("key", "a value that is not kept in place");
+    }
+};
+
+}  // namespace
+
+TEST_F(OwnerAllocationTest, OwnerFreesAllThatItsRecordReceived) {
+    const int before = living;
+    SetUpAndEnd();
+    EXPECT_EQ(living, before);
+}
+
+TEST_F(OwnerAllocationTest, OwnerFreesWhatWasMadeBeforeTheMemoryRanOut) {
+    const int before = living;
+    int failures = 0;
+    bool failed = true;
+    while (failed && failures < 100) {
+        untilFailure = failures;
+        try {
+            SetUpAndEnd();
+            failed = false;
+        } catch (const std::bad_alloc&) {
+            ++failures;
+        }
+        untilFailure = -1;
+        ASSERT_EQ(living, before) << "allocation " << failures << " failed";
+    }
+    EXPECT_FALSE(failed);
+    // A node, its store, two vectors, five managers, an option of two.
+    EXPECT_GE(failures, 10);
+}
+
+TEST(LogAllocationTest, RecordBelowTheFilterAllocatesNothing) {
+    const std::string text(10000, 'x');
+    const int before = made;
+    qv_log(1, QV_LOG_INFO, "tag", "%s", "function", 1, text.c_str());
+    qv_log(1, QV_LOG_NOTICE, "tag", "%s", "function", 1, text.c_str());
+    EXPECT_EQ(made, before);
+}
