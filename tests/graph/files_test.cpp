@@ -89,7 +89,7 @@ TEST_F(FilesTest, FileReplacesTheDocument) {
 
 TEST_F(FilesTest, LinkIsFollowed) {
     folder.write("graph.json", R"({"pipe_0": {}})");
-    fs::create_symlink("graph.json", folder.path("link.json");
+    fs::create_symlink("graph.json", folder.path("link.json"));
     AssertLoads(folder.path("link.json"), 1);
 }
 
@@ -112,13 +112,13 @@ TEST_F(FilesTest, FileBelowAFileIsNotOpened) {
 }
 
 TEST_F(FilesTest, DanglingLinkIsNotOpened) {
-    fs::create_symlink("missing.json", folder.path("link.json");
+    fs::create_symlink("missing.json", folder.path("link.json"));
     AssertNotOpened(folder.path("link.json"));
 }
 
 TEST_F(FilesTest, LoopOfLinksIsNotOpened) {
-    fs::create_symlink("b.json", folder.path("a.json");
-    fs::create_symlink("a.json", folder.path("b.json");
+    fs::create_symlink("b.json", folder.path("a.json"));
+    fs::create_symlink("a.json", folder.path("b.json"));
     AssertNotOpened(folder.path("a.json"));
 }
 

@@ -6,10 +6,12 @@
 #include <cstdlib>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "framework/qv_log.h"
 #include "framework/qv_node_proxy.h"
 #include "host/qv_host_log.h"
+#include "host/qv_host_task_graph.h"
 #include "host/qv_node_owner.h"
 #include "host/qv_node_registry.h"
 #include "tests/host/registry_test.h"
@@ -121,6 +123,27 @@ TEST_F(OwnerAllocationTest, OwnerFreesWhatWasMadeBeforeTheMemoryRanOut) {
     EXPECT_FALSE(failed);
     // A node, its store, two vectors, five managers, an option of two.
     EXPECT_GE(failures, 10);
+}
+
+// A stream that could not be added is not there, and its id is not used up.
+TEST(TaskGraphAllocationTest, NoStreamIsHalfThereWhenTheMemoryRanOut) {
+    QVHostTaskGraph graph;
+    ASSERT_EQ(graph.addInputStream("the first of the streams"), 0);
+    int failures = 0;
+    int id = -1;
+    while (id == -1 && failures < 100) {
+        std::string name = "a name that is not kept in place";
+        untilFailure = failures;
+        try {
+            id = graph.addOutputStream(std::move(name));
+        } catch (const std::bad_alloc&) {
+            ++failures;
+        }
+        untilFailure = -1;
+        ASSERT_EQ(graph.streams().size(), id == -1 ? 1U : 2U) << "allocation " << failures;
+    }
+    EXPECT_EQ(id, 1);
+    EXPECT_GE(failures, 3);  // the entry of the name, the name in it, the stream
 }
 
 TEST(LogAllocationTest, RecordBelowTheFilterAllocatesNothing) {
