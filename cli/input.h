@@ -13,8 +13,8 @@ struct Input {
 };
 
 // Reads `path`, or standard input for "-", to its end: as a stream, so that
-// pipes and devices are read too. Throws FileError (cli/file_error.h), also beyond
-// 256 MiB.
+// pipes and devices are read too. Throws FileError (cli/file_error.h), also
+// beyond 256 MiB.
 Input readInput(const std::string& path);
 
 }  // namespace qvgraph

@@ -9,8 +9,9 @@ namespace qvgraph {
 // Whether a path stands for standard output: an empty one and "-".
 bool isStandardOutput(const std::string& path);
 
-// Writes a whole report to `path`, or to standard output. A regular file is replaced in one step: either the whole report is
-// there afterwards or what was there before. Throws FileError (cli/file_error.h).
+// Writes a whole report to `path`, or to standard output. A regular file is
+// replaced in one step: either the whole report is there afterwards or what was
+// there before. Throws FileError (cli/file_error.h).
 void writeOutput(const std::string& path, const std::string& report);
 
 }  // namespace qvgraph

@@ -113,6 +113,7 @@ void* qv_memset(void* memory, int value, size_t size);
 
 // Where the int `actual` equals `unexpected`, logs that and leaves the
 // enclosing function, which returns its variable `result` as it stands.
+// Evaluates both more than once.
 #define CHECK_UE(actual, unexpected)    \
     do {                                \
         if ((actual) == (unexpected)) { \

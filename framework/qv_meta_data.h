@@ -55,8 +55,9 @@ public:
     //
     // Where a string is stored, sets `*value` to its text and returns
     // non-zero. The text belongs to the store and must stay valid until the key
-    // is set again or removed: the parser reads it until initTaskNode returns. Otherwise, a number included, returns 0 and leaves `*value`
-    // null or pointing to a valid string.
+    // is set again or removed: the parser reads it until initTaskNode returns.
+    // Otherwise, a number included, returns 0 and leaves `*value` null or
+    // pointing to a valid string.
     //
     // The parser sets `*value` to null before each lookup. It tests the result
     // for stream names only; for formats and modes it uses `*value` as left.

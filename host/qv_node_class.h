@@ -19,7 +19,8 @@ struct QVNodeClass {
 
     // Returns a new node, which the owner of the record deletes, or null when
     // it cannot be made. A node without an option store (a null mOptions) gets
-    // one, which it leaves in its place and does not delete. `info` has the node's id and the numbers of its declared streams.
+    // one, which it leaves in its place and does not delete. `info` has the
+    // node's id and the numbers of its declared streams.
     QVTaskNodeBase* (*create)(const _QVNodeInfo* info) = nullptr;
 
     // How many inputs and outputs a node of the class has, from 0, or

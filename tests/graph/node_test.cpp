@@ -183,7 +183,8 @@ node.initialize 3 {3 ""} output0 format="f1" output1 format="f2"
 TEST_F(NodeTest, NamesAndFormatsAreCountedEachInItsOwnFamily) {
     LoadNode(R"({"stream_opts": {
         "stream_input_10": "ten", "stream_input_2": "two",
-        "stream_fmt_in_x": "f1", "stream_fmt_in_y": "f2", "stream_input": "not read"}})");
+        "stream_fmt_in_x": "f1", "stream_fmt_in_y": "f2", "stream_input": "not read",
+        "stream_fmt_in": "not read"}})");
     framework.inputManagers = 2;
     AssertWires(R"(
 store.findCString "stream_input_10" -> "ten"
@@ -204,7 +205,8 @@ node.initialize 3 {3 ""} input0 newest=0 input1 newest=0
 
 TEST_F(NodeTest, MoreStreamsThanManagersAreLeftAlone) {
     LoadNode(R"({"stream_opts": {"stream_output_a": "x", "stream_output_b": "y",
-        "stream_output_c": "z", "stream_fmt_out_a": "f1", "stream_fmt_out_b": "f2"}})");
+        "stream_output_c": "z", "stream_fmt_out_a": "f1", "stream_fmt_out_b": "f2",
+        "stream_output": "not read", "stream_fmt_out": "not read"}})");
     framework.outputManagers = 2;
     AssertWires(R"(
 store.findCString "stream_output_a" -> "x"
@@ -217,7 +219,7 @@ graph.addOutputStream "y" -> 101
 output1.initialize "y" 101 3 format=""
 node.initialize 3 {3 ""} output0 format="f1" output1 format="f2"
 )");
-    EXPECT_EQ(info.outputNum, 3);
+    EXPECT_EQ(info.outputNum, 4);
 }
 
 TEST_F(NodeTest, TheManagersNotTheDeclaredStreamsDecideBetweenPlainAndIndexedKeys) {

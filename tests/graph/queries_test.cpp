@@ -323,6 +323,11 @@ TEST_F(PipeQueriesTest, LinkModeIsTheString) {
     AssertLinkMode(R"({"default_mode_link": "int32:5"})", "int32:5", "int32:5");
 }
 
+TEST_F(PipeQueriesTest, LinkModeIsWholeWithNulAndAllAndItsRecordEndsThere) {
+    AssertLinkMode(R"({"default_mode_link": "sy\u0000nc"})", std::string("sy\0nc", 5), "sy");
+    AssertLinkMode(R"({"default_mode_link": "\u0000"})", std::string(1, '\0'), "");
+}
+
 TEST_F(PipeQueriesTest, LinkModeIsNoneWhereThereIsNoString) {
     for (const char* pipe : {R"({"default_mode_link": ""})",
                              R"({"default_mode_link": 5})",

@@ -12,7 +12,7 @@ namespace {
 using qvgraph::columnsOf;
 using qvgraph::padded;
 using qvgraph::printable;
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;  // NOLINT(google-build-using-namespace)
 
 // ---- printable --------------------------------------------------------------
 

@@ -110,6 +110,7 @@ std::vector<std::string> environmentOf(const ProcessRequest& request) {
         variables[text.substr(0, text.find('='))] = text;
     }
     std::vector<std::string> texts;
+    texts.reserve(variables.size());
     for (const auto& variable : variables) {
         texts.push_back(variable.second);
     }

@@ -17,10 +17,10 @@
 // The stub stands in for every class, unless a test says otherwise.
 class SurveyTest : public testing::Test {
 protected:
-    SurveyTest() { QVNodeRegistry::instance().setStub(true); }
+    void SetUp() override { QVNodeRegistry::instance().setStub(true); }
 
     // Registry, level and sink belong to the process.
-    ~SurveyTest() override {
+    void TearDown() override {
         QVNodeRegistry::instance().setStub(false);
         for (const QVNodeRegistry::Entry& entry : QVNodeRegistry::instance().classes()) {
             QVNodeRegistry::instance().unregisterClass(entry.name);
