@@ -12,11 +12,11 @@
 #include <system_error>
 
 #include "cli/input.h"
+#include "cli/node_classes.h"
 #include "cli/output.h"
 #include "cli/terminal.h"
 #include "graph/qv_graph_parser.h"
 #include "host/qv_host_log.h"
-#include "host/qv_node_registry.h"
 #include "render/inspect_json.h"
 #include "render/inspect_text.h"
 #include "survey/survey.h"
@@ -33,10 +33,11 @@ const char* const DESCRIPTION =
     "  qvgraph inspect --pipe 1 pipes.json             one pipe of it\n"
     "  qvgraph inspect --format json -o out.json pipes.json\n"
     "  make-pipes | qvgraph inspect -                  from standard input\n"
+    "  qvgraph inspect --plugin ./libmine.so pipes.json   with classes of your own\n"
     "\n"
     "Every query is answered, every option shown as it is stored, every node set up,\n"
-    "and every stream told with who gives and who takes it. Stubs stand in for node\n"
-    "classes that are not there.\n"
+    "and every stream told with who gives and who takes it. Nodes of registered\n"
+    "classes are marked as such; for all others stubs stand in.\n"
     "\n"
     "Exit codes: 0 every node is ready; 1 a node is not ready; 2 wrong usage, a file\n"
     "that cannot be read or written, or a document that does not load.\n";
@@ -46,6 +47,8 @@ struct Arguments {
     std::string format = "text";
     std::string output;
     std::optional<int> pipe;
+    NodeClassArguments nodeClasses;
+    bool listClasses = false;
     std::string colour = "auto";
     int verbosity = 0;
     bool quiet = false;
@@ -95,6 +98,17 @@ std::string render(const Arguments& arguments, const Input& input, const Survey&
     return report.str();
 }
 
+ExitCode listClasses(const Arguments& arguments) {
+    std::ostringstream report;
+    if (arguments.format == "json") {
+        renderClassesJson(report, surveyNodeClasses());
+    } else {
+        renderClassesText(report, surveyNodeClasses());
+    }
+    writeOutput(arguments.output, report.str());
+    return ExitCode::Clean;
+}
+
 ExitCode inspect(const Arguments& arguments) {
     const Input input = readInput(arguments.file);
     SurveyRequest request;
@@ -134,9 +148,9 @@ ExitCode inspect(const Arguments& arguments) {
 void addInspect(CLI::App* app, ExitCode* code) {
     auto arguments = std::make_shared<Arguments>();
     CLI::App* verb = app->add_subcommand("inspect", DESCRIPTION);
-    verb->add_option("FILE", arguments->file, "The configuration; - for standard input")
-        ->required()
-        ->option_text(" ");
+    CLI::Option* file =
+        verb->add_option("FILE", arguments->file, "The configuration; - for standard input")
+            ->option_text(" ");
     verb->add_option("--format", arguments->format, "text (the default) or json")
         ->check(CLI::IsMember({"text", "json"}))
         ->option_text("FORMAT");
@@ -152,16 +166,22 @@ void addInspect(CLI::App* app, ExitCode* code) {
             },
             "Only the pipe with this index, from 0")
         ->option_text("N");
+    addNodeClassOptions(verb, &arguments->nodeClasses);
+    verb->add_flag("--classes", arguments->listClasses, "List the node classes, and do no more")
+        ->excludes(file)
+        ->option_text(" ");
     verb->add_option("--color", arguments->colour, "auto (the default), always or never")
         ->check(CLI::IsMember({"auto", "always", "never"}))
         ->option_text("WHEN");
     verb->add_flag(
         "-v,--verbose", arguments->verbosity, "Show the parser's records: errors; with -vv all");
     verb->add_flag("-q,--quiet", arguments->quiet, "Nothing on standard error but errors");
-    verb->callback([arguments, code] {
-        // A desk has none of the device's classes; the wiring is what counts.
-        QVNodeRegistry::instance().setStub(true);
-        *code = inspect(*arguments);
+    verb->callback([arguments, code, file] {
+        if (file->count() == 0 && !arguments->listClasses) {
+            throw CLI::RequiredError("FILE");
+        }
+        provideNodeClasses(arguments->nodeClasses);
+        *code = arguments->listClasses ? listClasses(*arguments) : inspect(*arguments);
     });
 }
 

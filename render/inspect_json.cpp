@@ -15,6 +15,8 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
+const char* const FORMAT_VERSION = "1.0";
+
 template <typename Value>
 Json orNull(const std::optional<Value>& value) {
     return value ? Json(*value) : Json();
@@ -91,6 +93,15 @@ Json jsonOfStream(const Stream& stream) {
             {"consumers", stream.consumers}};
 }
 
+Json jsonOfClass(const NodeClass& nodeClass) {
+    return {{"name", nodeClass.name},
+            {"origin", nodeClass.origin.empty() ? Json() : Json(nodeClass.origin)}};
+}
+
+void write(std::ostream& out, const Json& report) {
+    out << report.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
 Json jsonOfPipe(const Pipe& pipe) {
     return {{"index", pipe.index},
             {"key", orNull(pipe.key)},
@@ -105,9 +116,17 @@ Json jsonOfPipe(const Pipe& pipe) {
 }  // namespace
 
 void renderInspectJson(std::ostream& out, const std::string& file, const Survey& survey) {
-    const Json report = {
-        {"format_version", "1.0"}, {"file", file}, {"pipes", arrayOf(survey.pipes, jsonOfPipe)}};
-    out << report.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    write(out,
+          {{"format_version", FORMAT_VERSION},
+           {"file", file},
+           {"pipes", arrayOf(survey.pipes, jsonOfPipe)}});
+}
+
+void renderClassesJson(std::ostream& out, const NodeClasses& classes) {
+    write(out,
+          {{"format_version", FORMAT_VERSION},
+           {"classes", arrayOf(classes.classes, jsonOfClass)},
+           {"stub", classes.stub}});
 }
 
 }  // namespace qvgraph

@@ -28,6 +28,13 @@ namespace qvgraph {
 // JSON cannot write are the strings "inf", "-inf" and "nan".
 void renderInspectJson(std::ostream& out, const std::string& file, const Survey& survey);
 
+// Writes one object with a newline behind it:
+//
+//   {"format_version": "1.0", "classes": [{"name", "origin"}], "stub": true}
+//
+// "origin" is the path of a library, null for a class of the program itself.
+void renderClassesJson(std::ostream& out, const NodeClasses& classes);
+
 }  // namespace qvgraph
 
 #endif  // QVGRAPH_RENDER_INSPECT_JSON_H_

@@ -128,9 +128,11 @@ std::string nameOf(const Node& node) {
     if (node.name.empty()) {
         return "(no name)";
     }
-    return node.name == node.className
-               ? printable(node.name)
-               : printable(node.name) + ", class " + printable(node.className);
+    std::string name = printable(node.name);
+    if (node.name != node.className) {
+        name += ", class " + printable(node.className);
+    }
+    return name + (node.registered ? " (registered)" : "");
 }
 
 template <typename Item>
@@ -271,6 +273,22 @@ std::string textOf(const Readiness& readiness) {
     return nodes + (readiness.notReady == 0
                         ? "all ready"
                         : std::to_string(readiness.notReady) + " of them not ready");
+}
+
+void renderClassesText(std::ostream& out, const NodeClasses& classes) {
+    size_t width = 0;
+    for (const NodeClass& nodeClass : classes.classes) {
+        width = std::max(width, columnsOf(printable(nodeClass.name)));
+    }
+    for (const NodeClass& nodeClass : classes.classes) {
+        out << padded(printable(nodeClass.name), width) << "  "
+            << (nodeClass.origin.empty() ? "the program" : printable(nodeClass.origin)) << '\n';
+    }
+    if (classes.classes.empty()) {
+        out << "no node classes are registered\n";
+    }
+    out << (classes.stub ? "a stub stands in for all other classes\n"
+                         : "there is no stub for other classes\n");
 }
 
 void renderInspectText(std::ostream& out,

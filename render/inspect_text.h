@@ -15,6 +15,9 @@ void renderInspectText(std::ostream& out,
                        const Survey& survey,
                        bool colour);
 
+// Writes which node classes there are and where they come from.
+void renderClassesText(std::ostream& out, const NodeClasses& classes);
+
 // "no nodes", "1 node, ready", "14 nodes, all ready", "14 nodes, 2 of them not
 // ready".
 std::string textOf(const Readiness& readiness);

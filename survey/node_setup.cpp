@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "host/qv_host_stream_managers.h"
+#include "host/qv_host_task_node.h"
 #include "host/qv_node_owner.h"
 #include "host/qv_node_registry.h"
 
@@ -167,6 +168,8 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
         node.message = "something that is no std::exception";
     }
     node.options = readOptions(*owner.info());
+    const QVTaskNodeBase* made = owner.info()->node;
+    node.registered = made != nullptr && dynamic_cast<const QVStubTaskNode*>(made) == nullptr;
     return node;
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/qv_host_task_graph.h"
+#include "host/qv_node_registry.h"
 #include "survey/node_setup.h"
 
 namespace qvgraph {
@@ -137,6 +138,16 @@ const char* toText(Outcome outcome) {
             return "would throw";
     }
     return "";
+}
+
+NodeClasses surveyNodeClasses() {
+    const QVNodeRegistry& registry = QVNodeRegistry::instance();
+    NodeClasses all;
+    all.stub = registry.stub();
+    for (const QVNodeRegistry::Entry& entry : registry.classes()) {
+        all.classes.push_back({entry.name, entry.origin});
+    }
+    return all;
 }
 
 Readiness readinessOf(const Survey& survey) {

@@ -61,6 +61,7 @@ struct Node {
     std::optional<std::string> key;  // as in OptionSet
     std::string name;                // "node_name", empty when there is none
     std::string className;           // the name up to a '#'
+    bool registered = false;         // it is of that class, and no stub
     Outcome outcome = Outcome::Ready;
     std::optional<int> result;  // of initTaskNode; empty where it does not return
     std::string message;        // why it is not ready; empty when it is
@@ -99,6 +100,20 @@ struct Readiness {
     size_t notReady = 0;
 };
 Readiness readinessOf(const Survey& survey);
+
+// A node class that is registered, and the library that it comes from; empty
+// for the program itself.
+struct NodeClass {
+    std::string name;
+    std::string origin;
+};
+
+// What nodes can be made of.
+struct NodeClasses {
+    std::vector<NodeClass> classes;  // in the byte order of their names
+    bool stub = false;               // whether a stub stands in for all others
+};
+NodeClasses surveyNodeClasses();
 
 // Receives the parser's records as it is run; an empty one receives nothing.
 struct RecordObserver {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -69,9 +70,21 @@ protected:
 
     // Runs "qvgraph" with these arguments.
     ProcessResult Run(const std::vector<std::string>& arguments) {
-        request.command = {QVGRAPH_COMMAND};
+        request.command = Emulator();
+        request.command.emplace_back(QVGRAPH_COMMAND);
         request.command.insert(request.command.end(), arguments.begin(), arguments.end());
         return runProcess(request);
+    }
+
+    // What runs the programs of another machine, with its arguments; empty for
+    // those of this one.
+    static std::vector<std::string> Emulator() {
+        std::vector<std::string> words;
+        std::istringstream list(QVGRAPH_EMULATOR);
+        for (std::string word; std::getline(list, word, ';');) {
+            words.push_back(word);
+        }
+        return words;
     }
 
     // Everything that it does: exit code, standard output, standard error.

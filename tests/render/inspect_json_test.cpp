@@ -314,4 +314,24 @@ TEST_F(JsonReportTest, EveryTextMayHoldAnything) {
     EXPECT_EQ(told.at("streams").at(0).at("name"), shown);
 }
 
+TEST(ClassesJsonTest, ListsClassesAndTheirOrigins) {
+    std::ostringstream out;
+    qvgraph::renderClassesJson(out, {{{"Camera", "/opt/\x9b.so"}, {"View", ""}}, true});
+    EXPECT_EQ(out.str(), R"({
+  "format_version": "1.0",
+  "classes": [
+    {
+      "name": "Camera",
+      "origin": "/opt/�.so"
+    },
+    {
+      "name": "View",
+      "origin": null
+    }
+  ],
+  "stub": true
+}
+)");
+}
+
 }  // namespace

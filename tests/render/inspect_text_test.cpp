@@ -221,6 +221,50 @@ TEST_F(TextReportTest, NothingOfAConfigurationReachesTheTerminalRaw) {
                   shown + "  (none)    (none)\n");
 }
 
+TEST_F(TextReportTest, MarksNodesOfRegisteredClasses) {
+    Pipe pipe = pipeAt(0);
+    qvgraph::Node plain = nodeNamed(0, 0, "Camera");
+    plain.registered = true;
+    qvgraph::Node labelled = nodeNamed(1, 1, "Camera#door");
+    labelled.className = "Camera";
+    labelled.registered = true;
+    pipe.nodes = {plain, labelled, nodeNamed(2, 2, "Display")};
+    AssertShows(surveyOf(pipe), R"(
+door.json: 1 pipe, 3 nodes, all ready
+
+pipe_0: index 0, 0 executor threads, default link mode none
+
+  nodes
+    0  node_0  id 0  Camera (registered)
+         ready
+
+    1  node_1  id 1  Camera#door, class Camera (registered)
+         ready
+
+    2  node_2  id 2  Display
+         ready
+)");
+}
+
+TEST(ClassesTextTest, ListsClassesAndTheirOrigins) {
+    std::ostringstream out;
+    qvgraph::renderClassesText(
+        out, {{{"Camera", "/opt/libcamera.so"}, {"View\x1b", ""}, {"Z", "\x9b.so"}}, false});
+    EXPECT_EQ(out.str(),
+              "Camera    /opt/libcamera.so\n"
+              "View\\x1b  the program\n"
+              "Z         \ufffd.so\n"
+              "there is no stub for other classes\n");
+}
+
+TEST(ClassesTextTest, SaysSoWhereThereAreNone) {
+    std::ostringstream out;
+    qvgraph::renderClassesText(out, {{}, true});
+    EXPECT_EQ(out.str(),
+              "no node classes are registered\n"
+              "a stub stands in for all other classes\n");
+}
+
 TEST_F(TextReportTest, WrapsARowWholeWhoseFirstCellsAreLong) {
     Pipe pipe = pipeAt(0);
     pipe.links = {{0, 0, "link_0", {{std::string(70, 'k'), int32_t{7}}}}};

@@ -418,6 +418,32 @@ out 0 "s" "f"
 )");
 }
 
+TEST_F(OutcomeOfSetUpTest, ANodeOfARegisteredClassIsMarked) {
+    Register<QVHostTaskNode>("Camera");
+    const auto isRegistered = [this](const std::string& name) {
+        const std::string text =
+            R"({"pipe_0": {"node_0": {"node_opts": {"node_name": ")" + name + R"("}}}})";
+        EXPECT_EQ(parser.parseConfigText(text.c_str()), 0);
+        return qvgraph::surveyConfiguration(parser, {}).pipes.at(0).nodes.at(0).registered;
+    };
+    EXPECT_TRUE(isRegistered("Camera#door"));
+    EXPECT_FALSE(isRegistered("Microphone"));
+    EXPECT_FALSE(isRegistered(""));
+}
+
+TEST_F(OutcomeOfSetUpTest, ClassesAreListedWithTheirOrigins) {
+    Register<QVHostTaskNode>("Camera");
+    QVNodeRegistry::instance().registerClass(
+        {"Blender", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return nullptr; }}, "blend.so");
+    const qvgraph::NodeClasses all = qvgraph::surveyNodeClasses();
+    EXPECT_TRUE(all.stub);
+    ASSERT_EQ(all.classes.size(), 2U);
+    EXPECT_EQ(all.classes[0].name, "Blender");
+    EXPECT_EQ(all.classes[0].origin, "blend.so");
+    EXPECT_EQ(all.classes[1].name, "Camera");
+    EXPECT_EQ(all.classes[1].origin, "");
+}
+
 struct PromisedText : std::logic_error {
     PromisedText() : std::logic_error("basic_string::_M_construct null not valid") {}
 };

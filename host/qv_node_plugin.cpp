@@ -1,0 +1,107 @@
+#include "host/qv_node_plugin.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using RegisterNodes = int (*)(QVNodeClassRegistry*);
+using Library = std::unique_ptr<void, int (*)(void*)>;
+
+// What a library registers its classes with: passes them on under the origin
+// of the library, and takes them back unless they are to stay.
+class PluginRegistry final : public QVNodeClassRegistry {
+public:
+    PluginRegistry(QVNodeRegistry* registry, const std::string& origin)
+        : mRegistry(registry), mOrigin(origin) {}
+
+    ~PluginRegistry() override {
+        for (const std::string& name : mNames) {
+            mRegistry->unregisterClass(name);
+        }
+    }
+
+    int registerClass(const QVNodeClass& nodeClass) override {
+        const int result = mRegistry->registerClass(nodeClass, mOrigin);
+        if (result == 0) {
+            mNames.emplace_back(nodeClass.name);
+        } else if (mError.empty()) {
+            mError = explain(result, nodeClass.name != nullptr ? nodeClass.name : "");
+        }
+        return result;
+    }
+
+    void keepClasses() { mNames.clear(); }
+
+    // Why the first class that was refused was; empty when none was.
+    const std::string& error() const { return mError; }
+
+private:
+    std::string explain(int result, const std::string& name) const {
+        if (result == -2) {
+            return "'" + name + "' is no class that can be registered: see host/qv_node_class.h";
+        }
+        if (std::find(mNames.begin(), mNames.end(), name) != mNames.end()) {
+            return "it registers the class '" + name + "' twice";
+        }
+        const std::string origin = originOf(name);
+        return "the class '" + name + "' is registered already, by " +
+               (origin.empty() ? "the program" : origin);
+    }
+
+    std::string originOf(const std::string& name) const {
+        const std::vector<QVNodeRegistry::Entry> classes = mRegistry->classes();
+        const auto named = std::find_if(
+            classes.begin(), classes.end(), [&](const auto& entry) { return entry.name == name; });
+        return named != classes.end() ? named->origin : "";
+    }
+
+    QVNodeRegistry* mRegistry;
+    std::string mOrigin;
+    std::vector<std::string> mNames;
+    std::string mError;
+};
+
+// Has the library register its classes. Returns what went wrong, or nothing.
+std::string runRegistration(RegisterNodes registerNodes, PluginRegistry* classes) {
+    int result = 0;
+    try {
+        result = registerNodes(classes);
+    } catch (const std::exception& error) {
+        return std::string("qvgraph_register_nodes threw: ") + error.what();
+    } catch (...) {
+        return "qvgraph_register_nodes threw";
+    }
+    if (!classes->error().empty()) {
+        return classes->error();
+    }
+    return result != 0 ? "qvgraph_register_nodes returned " + std::to_string(result) : "";
+}
+
+}  // namespace
+
+std::optional<std::string> qv_load_node_plugin(const std::string& path, QVNodeRegistry* registry) {
+    // A path without a '/' would be looked for among the system's libraries.
+    const std::string absolute = std::filesystem::absolute(path).string();
+    Library library(dlopen(absolute.c_str(), RTLD_NOW | RTLD_LOCAL), dlclose);
+    if (!library) {
+        return "cannot load " + path + ": " + dlerror();
+    }
+    void* const symbol = dlsym(library.get(), "qvgraph_register_nodes");
+    if (symbol == nullptr) {
+        return "cannot load " + path + ": it exports no qvgraph_register_nodes";
+    }
+    PluginRegistry classes(registry, path);
+    const std::string error = runRegistration(reinterpret_cast<RegisterNodes>(symbol), &classes);
+    if (!error.empty()) {
+        return "cannot load " + path + ": " + error;
+    }
+    classes.keepClasses();
+    static_cast<void>(library.release());  // it stays as long as its classes
+    return std::nullopt;
+}

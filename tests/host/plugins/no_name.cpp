@@ -1,0 +1,21 @@
+// Registers a class, and then one that has no name.
+#include "host/qv_node_class.h"
+
+namespace {
+
+QVTaskNodeBase* createNone(const _QVNodeInfo* /*info*/) {
+    return nullptr;
+}
+
+}  // namespace
+
+extern "C" int qvgraph_register_nodes(QVNodeClassRegistry* registry);
+
+int qvgraph_register_nodes(QVNodeClassRegistry* registry) {
+    QVNodeClass nodeClass;
+    nodeClass.name = "Mixer";
+    nodeClass.create = createNone;
+    registry->registerClass(nodeClass);
+    nodeClass.name = nullptr;
+    return registry->registerClass(nodeClass);
+}

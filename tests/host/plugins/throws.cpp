@@ -1,0 +1,26 @@
+// Registers a class and throws; what it throws depends on a variable.
+#include <cstdlib>
+#include <stdexcept>
+
+#include "host/qv_node_class.h"
+
+namespace {
+
+QVTaskNodeBase* createNone(const _QVNodeInfo* /*info*/) {
+    return nullptr;
+}
+
+}  // namespace
+
+extern "C" int qvgraph_register_nodes(QVNodeClassRegistry* registry);
+
+int qvgraph_register_nodes(QVNodeClassRegistry* registry) {
+    QVNodeClass nodeClass;
+    nodeClass.name = "Mixer";
+    nodeClass.create = createNone;
+    registry->registerClass(nodeClass);
+    if (getenv("QVGRAPH_TEST_THROWS_INT") != nullptr) {
+        throw 7;
+    }
+    throw std::runtime_error("no licence for the mixer");
+}
