@@ -81,7 +81,7 @@ protected:
     static std::vector<std::string> Emulator() {
         std::vector<std::string> words;
         std::istringstream list(QVGRAPH_EMULATOR);
-        for (std::string word; std::getline(list, word, ';');) {
+        for (std::string word; std::getline(list, word, '|');) {
             words.push_back(word);
         }
         return words;

@@ -1,8 +1,10 @@
 # Installs the project below WORK, builds the consumer against it and compares
 # what its programs print.
 #
-#   cmake -D BUILD=... -D WORK=... -D GENERATOR=... -D COMPILER=... -D FLAGS=...
-#         -D BUILD_TYPE=... -P run.cmake
+#   cmake -D SOURCE=... -D BUILD=... -D WORK=... -D "ARGUMENTS=..."
+#         -D "EMULATOR=..." -P run.cmake
+#
+# ARGUMENTS go to CMake when it configures the consumer.
 
 file(REMOVE_RECURSE ${WORK})
 
@@ -15,7 +17,7 @@ function(run)
 endfunction()
 
 function(expect program expected)
-    execute_process(COMMAND ${WORK}/build/${program} WORKING_DIRECTORY ${root}
+    execute_process(COMMAND ${EMULATOR} ${WORK}/build/${program} WORKING_DIRECTORY ${SOURCE}
         RESULT_VARIABLE result OUTPUT_VARIABLE output)
     if(NOT result EQUAL 0 OR NOT output STREQUAL expected)
         message(FATAL_ERROR "${program} ended with ${result} and printed\n${output}expected\n${expected}")
@@ -23,16 +25,13 @@ function(expect program expected)
 endfunction()
 
 # The program in the README is the third consumer.
-set(root ${CMAKE_CURRENT_LIST_DIR}/../..)
-file(READ ${root}/README.md readme)
+file(READ ${SOURCE}/README.md readme)
 string(REGEX MATCH "```cpp\n([^`]*)```" block "${readme}")
 file(WRITE ${WORK}/readme.cpp "${CMAKE_MATCH_1}")
 
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/prefix)
-run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${WORK}/build -G ${GENERATOR}
-    -D CMAKE_PREFIX_PATH=${WORK}/prefix -D CMAKE_CXX_COMPILER=${COMPILER}
-    -D "CMAKE_CXX_FLAGS=${FLAGS}" -D CMAKE_BUILD_TYPE=${BUILD_TYPE}
-    -D README_PROGRAM=${WORK}/readme.cpp)
+run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${WORK}/build ${ARGUMENTS}
+    -D CMAKE_PREFIX_PATH=${WORK}/prefix -D README_PROGRAM=${WORK}/readme.cpp)
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 expect(device "fps = 30
 node 3 gives stream 7, raw

@@ -2,7 +2,6 @@
 #include "host/qv_host_log.h"
 
 #include <fcntl.h>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <termios.h>
 #include <unistd.h>
@@ -20,6 +19,7 @@
 #include <vector>
 
 #include "tests/host/in_threads.h"
+#include "tests/support/aborts.h"
 
 // As a source of the parser would.
 #define QV_LOG_MODULE 0x18181802U
@@ -357,8 +357,8 @@ TEST_F(LogTest, FailedAssertionIsWrittenToStandardErrorBeforeTheAbort) {
     const std::string line = std::to_string(ASSERTION_LINE);
     EXPECT_EXIT(failAssertion(),
                 testing::KilledBySignal(SIGABRT),
-                testing::Eq("QVGraphParser error check:" + line +
-                            ": Assertion text %d failed at check:" + line + "\n"));
+                standardErrorIs("QVGraphParser error check:" + line +
+                                ": Assertion text %d failed at check:" + line + "\n"));
 }
 
 // ---- One line ---------------------------------------------------------------
