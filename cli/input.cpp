@@ -15,7 +15,7 @@ namespace {
 const size_t MAX_SIZE = size_t{256} << 20;
 
 [[noreturn]] void fail(const std::string& name, const std::string& why) {
-    throw FileError("cannot read " + name + ": " + why);
+    throw FileError("cannot read " + (name.empty() ? "''" : name) + ": " + why);
 }
 
 std::string readAll(FILE* file, const std::string& name) {

@@ -11,6 +11,7 @@
 #include <string>
 #include <system_error>
 
+#include "cli/file_error.h"
 #include "cli/input.h"
 #include "cli/node_classes.h"
 #include "cli/output.h"
@@ -37,7 +38,8 @@ const char* const DESCRIPTION =
     "\n"
     "Every query is answered, every option shown as it is stored, every node set up,\n"
     "and every stream told with who gives and who takes it. Nodes of registered\n"
-    "classes are marked as such; for all others stubs stand in.\n"
+    "classes are marked as such; stubs stand in for all others, unless --no-stub.\n"
+    "An option that was not stored is not shown; -v tells of those too long.\n"
     "\n"
     "Exit codes: 0 every node is ready; 1 a node is not ready; 2 wrong usage, a file\n"
     "that cannot be read or written, or a document that does not load.\n";
@@ -110,6 +112,9 @@ ExitCode listClasses(const Arguments& arguments) {
 }
 
 ExitCode inspect(const Arguments& arguments) {
+    if (isSameFile(arguments.file, arguments.output)) {
+        throw FileError("cannot write " + arguments.output + ": it is the configuration");
+    }
     const Input input = readInput(arguments.file);
     SurveyRequest request;
     request.records = recordsOf(arguments);
@@ -147,9 +152,11 @@ ExitCode inspect(const Arguments& arguments) {
 
 void addInspect(CLI::App* app, ExitCode* code) {
     auto arguments = std::make_shared<Arguments>();
-    CLI::App* verb = app->add_subcommand("inspect", DESCRIPTION);
+    CLI::App* verb = app->add_subcommand("inspect", DESCRIPTION)->group("Verbs");
     CLI::Option* file =
-        verb->add_option("FILE", arguments->file, "The configuration; - for standard input")
+        verb->add_option("FILE",
+                         arguments->file,
+                         "The configuration, but with --classes; - is standard input")
             ->option_text(" ");
     verb->add_option("--format", arguments->format, "text (the default) or json")
         ->check(CLI::IsMember({"text", "json"}))
@@ -165,6 +172,7 @@ void addInspect(CLI::App* app, ExitCode* code) {
                 }
             },
             "Only the pipe with this index, from 0")
+        ->type_name("N")
         ->option_text("N");
     addNodeClassOptions(verb, &arguments->nodeClasses);
     verb->add_flag("--classes", arguments->listClasses, "List the node classes, and do no more")
@@ -173,8 +181,9 @@ void addInspect(CLI::App* app, ExitCode* code) {
     verb->add_option("--color", arguments->colour, "auto (the default), always or never")
         ->check(CLI::IsMember({"auto", "always", "never"}))
         ->option_text("WHEN");
-    verb->add_flag(
-        "-v,--verbose", arguments->verbosity, "Show the parser's records: errors; with -vv all");
+    verb->add_flag("-v,--verbose",
+                   arguments->verbosity,
+                   "Show the parser's errors and failures; -vv: all records");
     verb->add_flag("-q,--quiet", arguments->quiet, "Nothing on standard error but errors");
     verb->callback([arguments, code, file] {
         if (file->count() == 0 && !arguments->listClasses) {

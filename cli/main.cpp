@@ -26,7 +26,10 @@ const char* const DESCRIPTION =
 // Lists each verb by the first line of its description.
 class HelpFormatter : public CLI::Formatter {
 public:
-    HelpFormatter() { column_width(24); }
+    HelpFormatter() {
+        column_width(24);
+        label("SUBCOMMAND", "VERB");
+    }
 
     std::string make_subcommand(const CLI::App* verb) const override {
         const std::string description = verb->get_description();
@@ -38,6 +41,21 @@ public:
         return line.str();
     }
 };
+
+// What is wrong with the arguments, and where help is.
+std::string explain(const CLI::App& app, const CLI::ParseError& error) {
+    const auto verbs = app.get_subcommands();
+    if (!verbs.empty()) {
+        return std::string(error.what()) + " (see qvgraph " + verbs[0]->get_name() + " --help)";
+    }
+    const auto words = app.remaining();
+    const bool isVerb = !words.empty() && words[0].compare(0, 1, "-") != 0;
+    if (isVerb) {
+        return "there is no verb '" + words[0] + "' (see qvgraph --help)";
+    }
+    return (words.empty() ? "a verb is missing" : "there is no option '" + words[0] + "'") +
+           std::string(" (see qvgraph --help)");
+}
 
 ExitCode run(int argc, char** argv) {
     CLI::App app(DESCRIPTION, "qvgraph");
@@ -51,11 +69,7 @@ ExitCode run(int argc, char** argv) {
     } catch (const CLI::Success& success) {  // --help and --version
         return app.exit(success) == 0 ? ExitCode::Clean : ExitCode::Failed;
     } catch (const CLI::ParseError& error) {
-        std::string what = error.what();
-        if (app.get_subcommands().empty() && !app.remaining().empty()) {
-            what = "there is no verb '" + app.remaining().front() + "'";
-        }
-        qvgraph::complain(what + " (see qvgraph --help)");
+        qvgraph::complain(explain(app, error));
         return ExitCode::Failed;
     } catch (const qvgraph::FileError& error) {
         qvgraph::complain(error.what());

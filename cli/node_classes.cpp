@@ -9,6 +9,7 @@ namespace qvgraph {
 void addNodeClassOptions(CLI::App* verb, NodeClassArguments* arguments) {
     verb->add_option(
             "--plugin", arguments->plugins, "A shared library with node classes; repeatable")
+        ->type_name("LIB")
         ->option_text("LIB")
         ->take_all()
         ->allow_extra_args(false);

@@ -55,6 +55,10 @@ fs::path followLinks(fs::path path) {
 // Writes a new file beside the target and puts it in its place. Returns 0 or
 // what went wrong.
 int replaceFile(const fs::path& target, const std::string& report) {
+    std::error_code ignored;
+    if (fs::exists(target, ignored) && access(target.c_str(), W_OK) != 0) {
+        return errno;
+    }
     std::string temporary = (target.parent_path() / ".qvgraph.XXXXXX").string();
     const int descriptor = mkstemp(temporary.data());
     if (descriptor < 0) {
@@ -102,6 +106,12 @@ int writeFile(const std::string& path, const std::string& report) {
 
 bool isStandardOutput(const std::string& path) {
     return path.empty() || path == "-";
+}
+
+bool isSameFile(const std::string& other, const std::string& path) {
+    std::error_code ignored;
+    return !isStandardOutput(path) && fs::is_regular_file(path, ignored) &&
+           fs::equivalent(other, path, ignored);
 }
 
 void writeOutput(const std::string& path, const std::string& report) {

@@ -79,7 +79,8 @@ public:
     // Returns -5 when the file cannot be opened (a null path included), which
     // leaves the present document as it was; otherwise what parseConfigText
     // returns. What opens but has no size of its own reads as empty, and so
-    // gives -1: directories, pipes, most of /proc, files of 2 GiB or more.
+    // gives -1: directories, pipes, most of /proc. So do files of 2 GiB or more,
+    // on every machine: where long has 32 bits they have no size either.
     int parseConfigFile(const char* path);
 
     // Not supported: returns -10, whatever the argument, and writes nothing.

@@ -44,4 +44,9 @@ public:
     virtual int registerClass(const QVNodeClass& nodeClass) = 0;
 };
 
+// What a shared library with node classes defines: it registers them and
+// returns 0, or something else when it cannot (see host/qv_node_plugin.h).
+extern "C" __attribute__((visibility("default"))) int qvgraph_register_nodes(
+    QVNodeClassRegistry* registry);
+
 #endif  // QVGRAPH_HOST_QV_NODE_CLASS_H_

@@ -6,6 +6,7 @@
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <system_error>
 #include <vector>
 
 namespace {
@@ -87,7 +88,11 @@ std::string runRegistration(RegisterNodes registerNodes, PluginRegistry* classes
 
 std::optional<std::string> qv_load_node_plugin(const std::string& path, QVNodeRegistry* registry) {
     // A path without a '/' would be looked for among the system's libraries.
-    const std::string absolute = std::filesystem::absolute(path).string();
+    std::error_code wrong;
+    const std::string absolute = std::filesystem::absolute(path, wrong).string();
+    if (wrong) {
+        return "cannot load '" + path + "': " + wrong.message();
+    }
     Library library(dlopen(absolute.c_str(), RTLD_NOW | RTLD_LOCAL), dlclose);
     if (!library) {
         return "cannot load " + path + ": " + dlerror();

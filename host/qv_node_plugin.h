@@ -2,14 +2,16 @@
 //
 // Such a library exports one function with C linkage:
 //
-//   extern "C" int qvgraph_register_nodes(QVNodeClassRegistry* registry) {
+//   int qvgraph_register_nodes(QVNodeClassRegistry* registry) {
 //       return registry->registerClass({"Blender", createBlender});
 //   }
 //
 // It includes "host/qv_node_class.h" and the contracts alone and links nothing
-// of ours. It is built by a compiler whose C++ standard library is the
-// program's. Returning non-zero, or a class that cannot be registered, makes
-// the whole library fail.
+// of ours: what its classes call, such as qv_log, is the program's, which
+// exports it (in CMake, ENABLE_EXPORTS). The registry is valid during that call
+// alone. Library and program are built with the same version of these headers
+// and of the C++ standard library; nothing checks that. Returning non-zero, or
+// a class that cannot be registered, makes the whole library fail.
 #ifndef QVGRAPH_HOST_QV_NODE_PLUGIN_H_
 #define QVGRAPH_HOST_QV_NODE_PLUGIN_H_
 

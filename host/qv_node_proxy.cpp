@@ -2,10 +2,12 @@
 #include "framework/qv_node_proxy.h"
 
 #include <deque>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "host/qv_host_meta_data.h"
 #include "host/qv_host_stream_managers.h"
@@ -49,22 +51,36 @@ NodeNames& nodeNames() {
     return names;
 }
 
-// The store of a node that brought none. It knows its node, so that the node's
-// owner can tell it from the store of another node, put in its place.
-class SuppliedStore final : public QVHostMetaData {
+// The stores of nodes that brought none, by node. A node may be of a class that
+// was compiled without type information: nothing can be asked of its store.
+class SuppliedStores {
 public:
-    explicit SuppliedStore(const QVTaskNodeBase* node) : mNode(node) {}
+    QvMetaData* supply(const QVTaskNodeBase* node) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        return (mStores[node] = std::make_unique<QVHostMetaData>()).get();
+    }
 
-    bool isOf(const QVTaskNodeBase* node) const { return mNode == node; }
+    // The store that was supplied to a node, now the caller's; null when none
+    // was.
+    std::unique_ptr<QVHostMetaData> take(const QVTaskNodeBase* node) {
+        const std::lock_guard<std::mutex> lock(mMutex);
+        const auto found = mStores.find(node);
+        if (found == mStores.end()) {
+            return nullptr;
+        }
+        std::unique_ptr<QVHostMetaData> store = std::move(found->second);
+        mStores.erase(found);
+        return store;
+    }
 
 private:
-    const QVTaskNodeBase* mNode;
+    std::mutex mMutex;
+    std::unordered_map<const QVTaskNodeBase*, std::unique_ptr<QVHostMetaData>> mStores;
 };
 
-// The store that was supplied to a node; null when none was.
-SuppliedStore* suppliedTo(const QVTaskNodeBase* node) {
-    auto* store = node != nullptr ? dynamic_cast<SuppliedStore*>(node->mOptions) : nullptr;
-    return store != nullptr && store->isOf(node) ? store : nullptr;
+SuppliedStores& suppliedStores() {
+    static SuppliedStores stores;
+    return stores;
 }
 
 template <typename Manager, typename Base>
@@ -105,7 +121,7 @@ void node_proxy_node_create(_QVNodeInfo* info) {
         return;
     }
     if (info->node->mOptions == nullptr) {
-        info->node->mOptions = new SuppliedStore(info->node);
+        info->node->mOptions = suppliedStores().supply(info->node);
     }
     addManagers<QVHostInputStreamManager>(numberOf(nodeClass->inputNum, info->inputNum),
                                           &info->inputStreams);
@@ -114,9 +130,9 @@ void node_proxy_node_create(_QVNodeInfo* info) {
 }
 
 QVNodeOwner::~QVNodeOwner() {
-    const SuppliedStore* supplied = suppliedTo(mInfo.node);
+    // It outlives its node.
+    const std::unique_ptr<QVHostMetaData> supplied = suppliedStores().take(mInfo.node);
     delete mInfo.node;
     deleteAll(mInfo.inputStreams);
     deleteAll(mInfo.outputStreams);
-    delete supplied;
 }

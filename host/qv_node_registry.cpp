@@ -54,6 +54,11 @@ bool QVNodeRegistry::unregisterClass(std::string_view name) {
     return true;
 }
 
+bool QVNodeRegistry::isRegistered(std::string_view name) const {
+    const std::lock_guard<std::mutex> lock(mMutex);
+    return mClasses.count(name) != 0;
+}
+
 std::vector<QVNodeRegistry::Entry> QVNodeRegistry::classes() const {
     const std::lock_guard<std::mutex> lock(mMutex);
     std::vector<Entry> entries;

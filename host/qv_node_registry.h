@@ -37,6 +37,9 @@ public:
         std::string origin;
     };
 
+    // Whether a class of that name is registered.
+    bool isRegistered(std::string_view name) const;
+
     // The registered classes, in the byte order of their names.
     std::vector<Entry> classes() const;
 

@@ -98,10 +98,6 @@ Json jsonOfClass(const NodeClass& nodeClass) {
             {"origin", nodeClass.origin.empty() ? Json() : Json(nodeClass.origin)}};
 }
 
-void write(std::ostream& out, const Json& report) {
-    out << report.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
-}
-
 Json jsonOfPipe(const Pipe& pipe) {
     return {{"index", pipe.index},
             {"key", orNull(pipe.key)},
@@ -111,6 +107,10 @@ Json jsonOfPipe(const Pipe& pipe) {
             {"links", arrayOf(pipe.links, jsonOfSet)},
             {"nodes", arrayOf(pipe.nodes, jsonOfNode)},
             {"streams", arrayOf(pipe.streams, jsonOfStream)}};
+}
+
+void write(std::ostream& out, const Json& report) {
+    out << report.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
 }  // namespace

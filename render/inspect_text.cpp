@@ -32,6 +32,7 @@ public:
     Report(std::ostream& out, bool colour) : mOut(out), mColour(colour) {}
 
     void write(const std::string& file, const Survey& survey);
+    void writeClasses(const NodeClasses& classes);
 
 private:
     void writePipe(const Pipe& pipe);
@@ -106,7 +107,9 @@ Row rowOf(const char* side, const StreamEnd& end) {
     Row row = {side,
                std::to_string(*end.id),
                printable(*end.name),
-               end.format ? printable(*end.format) : "(no format)"};
+               !end.format           ? "(no format)"
+               : end.format->empty() ? "\"\""
+                                     : printable(*end.format)};
     if (end.remainNewest) {
         row.emplace_back("newest only");
     }
@@ -163,6 +166,20 @@ void Report::write(const std::string& file, const Survey& survey) {
     for (const Pipe& pipe : survey.pipes) {
         writePipe(pipe);
     }
+}
+
+void Report::writeClasses(const NodeClasses& classes) {
+    std::vector<Row> rows;
+    for (const NodeClass& nodeClass : classes.classes) {
+        rows.push_back({printable(nodeClass.name),
+                        nodeClass.origin.empty() ? "the program" : printable(nodeClass.origin)});
+    }
+    writeRows(rows, 0);
+    if (rows.empty()) {
+        mOut << "no node classes are registered\n";
+    }
+    mOut << (classes.stub ? "a stub stands in for all other classes\n"
+                          : "there is no stub for other classes\n");
 }
 
 void Report::writePipe(const Pipe& pipe) {
@@ -276,19 +293,7 @@ std::string textOf(const Readiness& readiness) {
 }
 
 void renderClassesText(std::ostream& out, const NodeClasses& classes) {
-    size_t width = 0;
-    for (const NodeClass& nodeClass : classes.classes) {
-        width = std::max(width, columnsOf(printable(nodeClass.name)));
-    }
-    for (const NodeClass& nodeClass : classes.classes) {
-        out << padded(printable(nodeClass.name), width) << "  "
-            << (nodeClass.origin.empty() ? "the program" : printable(nodeClass.origin)) << '\n';
-    }
-    if (classes.classes.empty()) {
-        out << "no node classes are registered\n";
-    }
-    out << (classes.stub ? "a stub stands in for all other classes\n"
-                         : "there is no stub for other classes\n");
+    Report(out, false).writeClasses(classes);
 }
 
 void renderInspectText(std::ostream& out,

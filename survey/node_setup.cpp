@@ -7,9 +7,9 @@
 #include <string_view>
 
 #include "host/qv_host_stream_managers.h"
-#include "host/qv_host_task_node.h"
 #include "host/qv_node_owner.h"
 #include "host/qv_node_registry.h"
+#include "survey/keys.h"
 
 namespace qvgraph {
 
@@ -48,11 +48,36 @@ void readWiring(const _QVNodeInfo& info, Node* node) {
     }
 }
 
-// The options that the node's store holds, where it is one of the desk's.
-Options readOptions(const _QVNodeInfo& info) {
-    const auto* store =
-        info.node != nullptr ? dynamic_cast<const QVHostMetaData*>(info.node->mOptions) : nullptr;
-    return store != nullptr ? store->entries() : Options();
+// What the node's store holds under the keys of one option object. A store that
+// is not the desk's own tells what its finders find.
+void readOptions(const json11::Json& object, QvMetaData* store, Options* options) {
+    for (const auto& member : object.object_items()) {
+        const char* key = member.first.c_str();
+        const char* text = nullptr;
+        int32_t int32 = 0;
+        int64_t int64 = 0;
+        float real = 0;
+        if (store->findCString(key, &text) != 0 && text != nullptr) {
+            (*options)[key] = std::string(text);
+        } else if (store->findInt32(key, &int32) != 0) {
+            (*options)[key] = int32;
+        } else if (store->findInt64(key, &int64) != 0) {
+            (*options)[key] = int64;
+        } else if (store->findFloat(key, &real) != 0) {
+            (*options)[key] = real;
+        }
+    }
+}
+
+Options readOptions(const json11::Json& member, const _QVNodeInfo& info) {
+    Options options;
+    if (info.node != nullptr) {
+        for (const char* object :
+             {"node_opts", "stream_opts", "node_opts_extra", "stream_opts_extra"}) {
+            readOptions(member[object], info.node->mOptions, &options);
+        }
+    }
+    return options;
 }
 
 bool isBound(const StreamEnd& end) {
@@ -91,6 +116,9 @@ std::string explainThrow(const std::exception& error, Node* node) {
     const bool atOutput = boundOf(node->outputs) > 0;
     Ends& ends = atOutput ? node->outputs : node->inputs;
     const size_t bound = boundOf(ends);
+    if (*error.what() == '\0') {
+        return "an exception that does not say why";
+    }
     if (error.what() != NO_FORMAT || bound == 0 || !ends[bound - 1].format.value_or("").empty()) {
         return error.what();
     }
@@ -99,17 +127,22 @@ std::string explainThrow(const std::exception& error, Node* node) {
            " '" + *ends[bound - 1].name + "'";
 }
 
-std::string explainRefusal(const QVHostTaskGraph::Refusal& refusal) {
+std::string explainRefusal(const QVHostTaskGraph::Refusal& refusal, int id) {
     const std::string side = refusal.input ? "input" : "output";
     if (refusal.name.empty()) {
         return "the name of its " + side + " stream is empty";
     }
-    return "its " + side + " stream '" + refusal.name + "' is produced by node_" +
-           std::to_string(refusal.producer.value_or(0)) + " already";
+    const int producer = refusal.producer.value_or(id);
+    return "its " + side + " stream '" + refusal.name + "' is produced by " +
+           (producer == id ? "the node itself" : indexedKey("node_", producer)) + " already";
 }
 
 // Why the node proxy made no node.
 std::string explainNoNode(const Node& node) {
+    if (!node.key) {
+        return "its id " + std::to_string(node.id) + " leads to '" + indexedKey("node_", node.id) +
+               "', which is not there";
+    }
     if (node.name.empty()) {
         return "it has no \"node_name\" that is a text";
     }
@@ -131,17 +164,18 @@ void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* nod
         node->message = "it has neither inputs nor outputs";
     } else if (graph.refusal()) {
         node->outcome = Outcome::StreamRefused;
-        node->message = explainRefusal(*graph.refusal());
+        node->message = explainRefusal(*graph.refusal(), node->id);
     }
 }
 
 }  // namespace
 
 Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* graph) {
-    const json11::Json& member =
-        parser.root()["pipe_" + std::to_string(pipe)]["node_" + std::to_string(id)];
+    const json11::Json& nodes = parser.root()[indexedKey("pipe_", pipe)];
+    const json11::Json& member = nodes[indexedKey("node_", id)];
     Node node;
     node.id = id;
+    node.key = keyIn(nodes, "node_", id);
     node.name = member["node_opts"]["node_name"].string_value();
     // The proxy reads a name up to its first NUL.
     node.className = qv_node_class_name(node.name.c_str());
@@ -167,9 +201,9 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
         node.outcome = Outcome::WouldThrow;
         node.message = "something that is no std::exception";
     }
-    node.options = readOptions(*owner.info());
-    const QVTaskNodeBase* made = owner.info()->node;
-    node.registered = made != nullptr && dynamic_cast<const QVStubTaskNode*>(made) == nullptr;
+    node.options = readOptions(member, *owner.info());
+    node.registered =
+        owner.info()->node != nullptr && QVNodeRegistry::instance().isRegistered(node.className);
     return node;
 }
 

@@ -15,8 +15,8 @@ struct AssertionFailed {
     std::string text;  // of the record
 };
 
-// Sets up 'node_<id>' of a pipe in `graph`. `index` and `key` are left to the
-// caller. REQUIRES: the log sink throws AssertionFailed as said.
+// Sets up 'node_<id>' of a pipe in `graph`. `index` is left to the caller.
+// REQUIRES: the log sink throws AssertionFailed as said.
 Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* graph);
 
 }  // namespace qvgraph

@@ -5,24 +5,12 @@
 
 #include "host/qv_host_task_graph.h"
 #include "host/qv_node_registry.h"
+#include "survey/keys.h"
 #include "survey/node_setup.h"
 
 namespace qvgraph {
 
 namespace {
-
-std::string indexedKey(const char* prefix, int number) {
-    return prefix + std::to_string(number);
-}
-
-// The key that an index or id leads to; nothing when there is no such member.
-std::optional<std::string> keyIn(const json11::Json& object, const char* prefix, int number) {
-    std::string key = indexedKey(prefix, number);
-    if (object.object_items().count(key) == 0) {
-        return std::nullopt;
-    }
-    return key;
-}
 
 // A sink that passes on what the observer asked for.
 QVLogSink observed(const RecordObserver& records) {
@@ -56,26 +44,47 @@ std::string jsonErrorIn(const QVLogRecord& record) {
     return message.substr(message.find(before) + before.size());
 }
 
-OptionSet surveyExecutor(const QVGraphParser& parser, const Pipe& pipe, int index) {
-    OptionSet executor;
-    executor.index = index;
-    executor.id = parser.getExecIDByIndex(pipe.index, index);
-    executor.key = keyIn(parser.root()[indexedKey("pipe_", pipe.index)], "executor_", executor.id);
-    QVHostMetaData store;
-    parser.syncExecOptions(&store, pipe.index, executor.id);
-    executor.options = store.entries();
-    return executor;
+// What json11's own text does not say of a document that does not load.
+std::string hintFor(const std::string& text) {
+    if (text.compare(0, 3, "\xef\xbb\xbf") == 0) {
+        return " (the text begins with a byte-order mark)";
+    }
+    const size_t nul = text.find('\0');
+    if (nul != std::string::npos) {
+        return " (the text ends at a NUL, the byte " + std::to_string(nul) + ")";
+    }
+    return "";
 }
 
-OptionSet surveyLink(const QVGraphParser& parser, const Pipe& pipe, int index) {
-    OptionSet link;
-    link.index = index;
-    link.id = parser.getLinkIDByIndex(pipe.index, index);
-    link.key = keyIn(parser.root()[indexedKey("pipe_", pipe.index)], "link_", link.id);
-    QVHostMetaData store;
-    parser.syncLinkOptions(&store, pipe.index, link.id);
-    link.options = store.entries();
-    return link;
+// How a kind of members with options is asked for.
+struct SetKind {
+    const char* prefix;
+    int (QVGraphParser::*num)(int pipe) const;
+    int (QVGraphParser::*idByIndex)(int pipe, int index) const;
+    int (QVGraphParser::*syncOptions)(QvMetaData* meta, int pipe, int id) const;
+};
+
+const SetKind EXECUTORS = {"executor_",
+                           &QVGraphParser::getExecNum,
+                           &QVGraphParser::getExecIDByIndex,
+                           &QVGraphParser::syncExecOptions};
+const SetKind LINKS = {"link_",
+                       &QVGraphParser::getLinkNum,
+                       &QVGraphParser::getLinkIDByIndex,
+                       &QVGraphParser::syncLinkOptions};
+
+std::vector<OptionSet> surveySets(const QVGraphParser& parser, int pipe, const SetKind& kind) {
+    const json11::Json& members = parser.root()[indexedKey("pipe_", pipe)];
+    std::vector<OptionSet> sets(static_cast<size_t>((parser.*kind.num)(pipe)));
+    for (size_t i = 0; i < sets.size(); ++i) {
+        sets[i].index = static_cast<int>(i);
+        sets[i].id = (parser.*kind.idByIndex)(pipe, sets[i].index);
+        sets[i].key = keyIn(members, kind.prefix, sets[i].id);
+        QVHostMetaData store;
+        (parser.*kind.syncOptions)(&store, pipe, sets[i].id);
+        sets[i].options = store.entries();
+    }
+    return sets;
 }
 
 Stream surveyStream(const QVHostTaskGraph::Stream& registered) {
@@ -97,21 +106,14 @@ Pipe surveyPipe(const QVGraphParser& parser, int index) {
     pipe.key = keyIn(parser.root(), "pipe_", index);
     pipe.threads = parser.getThreadNum(index);
     pipe.linkMode = parser.getDefaultLinkMode(index);
-    const int executors = parser.getExecNum(index);
-    for (int i = 0; i < executors; ++i) {
-        pipe.executors.push_back(surveyExecutor(parser, pipe, i));
-    }
-    const int links = parser.getLinkNum(index);
-    for (int i = 0; i < links; ++i) {
-        pipe.links.push_back(surveyLink(parser, pipe, i));
-    }
+    pipe.executors = surveySets(parser, index, EXECUTORS);
+    pipe.links = surveySets(parser, index, LINKS);
     QVHostTaskGraph graph;
     const int nodes = parser.getNodeNum(index);
     for (int i = 0; i < nodes; ++i) {
         const int id = parser.getNodeIDByIndex(index, i);
         Node node = setUpNode(parser, index, id, &graph);
         node.index = i;
-        node.key = keyIn(parser.root()[indexedKey("pipe_", index)], "node_", id);
         pipe.nodes.push_back(std::move(node));
     }
     for (const QVHostTaskGraph::Stream& stream : graph.streams()) {
@@ -173,7 +175,10 @@ std::optional<std::string> loadConfiguration(const std::string& text,
     if (parser->parseConfigText(text.c_str()) == 0) {
         return std::nullopt;
     }
-    return jsonError.empty() ? "the document is null" : jsonError;
+    if (jsonError.empty()) {
+        return "the document is null";
+    }
+    return jsonError + hintFor(text);
 }
 
 Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& request) {

@@ -1,8 +1,9 @@
 // What the parser and the desk's framework make of a configuration: every
 // query answered, every option copied, every node set up, as plain data.
 //
-// Nothing here reads the configuration a second time: the parser itself is run
-// as a framework runs it, and its calls and records are watched.
+// Beyond names and keys, nothing here reads the configuration a second time:
+// the parser itself is run as a framework runs it, and its calls and records
+// are watched.
 //
 // Thread safety: a survey takes the process's log level and sink for its own
 // while it runs (host/qv_host_log.h): one at a time, and no other logging.

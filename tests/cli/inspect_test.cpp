@@ -151,7 +151,7 @@ TEST_F(InspectTest, WantsAPipeThatIsThere) {
 TEST_F(InspectTest, WantsAnIndexOfAPipe) {
     for (const std::string index : {"-1", "first", "1.5", "0x1", "+1", " 1", "1 ", "2147483648"}) {
         AssertFails({"inspect", "--pipe=" + index, "three.json"},
-                    "--pipe: '" + index + "' is no index from 0 (see qvgraph --help)");
+                    "--pipe: '" + index + "' is no index from 0 (see qvgraph inspect --help)");
     }
 }
 

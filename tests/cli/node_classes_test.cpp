@@ -82,6 +82,50 @@ TEST_F(NodeClassesTest, WithoutStubsNodesOfOtherClassesAreNotCreated) {
     EXPECT_EQ(Run({"inspect", "--no-stub", "--plugin", BLENDER, "blend.json"}).exitCode, 1);
 }
 
+// What its classes call is the command's; its store need not be.
+TEST_F(NodeClassesTest, AClassMayBeWhollyADevices) {
+    const std::string options =
+        R"("stream_opts": {"stream_output": "image", "stream_fmt_out": "f"},
+           "node_opts_extra": {"i": 5, "l": "int64:6", "r": "float:0.5", "no": true})";
+    folder.write(
+        "lens.json",
+        R"({"pipe_0": {"node_0": {"node_opts": {"node_name": "Lens"}, )" + options + "}}}");
+    const std::string lens = std::string(QVGRAPH_TEST_PLUGINS) + "/device_class.so";
+    const ProcessResult result = Run({"inspect", "-v", "--plugin", lens, "lens.json"});
+    EXPECT_EQ(result.out, R"(lens.json: 1 pipe, 1 node, ready
+
+pipe_0: index 0, 0 executor threads, default link mode none
+
+  nodes
+    0  node_0  id 0  Lens (registered)
+         ready
+         out  0  image  f
+         i               int32   5
+         l               int64   6
+         node_name       string  "Lens"
+         r               float   0.5
+         stream_fmt_out  string  "f"
+         stream_output   string  "image"
+
+  streams
+    id  name   producer  consumers
+    0   image  node_0    (none)
+)");
+    EXPECT_EQ(WithoutLines(result.err), "Lens error initialize:<line>: node 0 has no lens\n");
+}
+
+TEST_F(NodeClassesTest, AClassMayAssert) {
+    folder.write("lens.json", R"({"pipe_0": {"node_1": {
+        "node_opts": {"node_name": "Lens"},
+        "stream_opts": {"stream_output": "image", "stream_fmt_out": "f"}}}})");
+    const std::string lens = std::string(QVGRAPH_TEST_PLUGINS) + "/device_class.so";
+    const ProcessResult result = Run({"inspect", "--plugin", lens, "lens.json"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(WithoutLines(result.out)
+                  .find("would abort: Assertion nodeId != 1 failed at initialize:<line>\n"),
+              std::string::npos);
+}
+
 TEST_F(NodeClassesTest, ListsClassesAndWhereTheyComeFrom) {
     AssertRuns({"inspect", "--classes"},
                0,
@@ -113,6 +157,7 @@ TEST_F(NodeClassesTest, ALibraryThatCannotBeLoadedEndsTheCommand) {
     folder.write("text.so", "no library, for all its name");
     AssertFails({"inspect", "--plugin", "text.so", "blend.json"},
                 "cannot load text.so: " + folder.path("text.so") + ": file too short");
+    AssertFails({"inspect", "--plugin", "", "blend.json"}, "cannot load '': Invalid argument");
     AssertFails(
         {"inspect", "--plugin", BLENDER, "--plugin", BLENDER, "blend.json"},
         "cannot load " + BLENDER + ": the class 'Blender' is registered already, by " + BLENDER);
@@ -120,11 +165,11 @@ TEST_F(NodeClassesTest, ALibraryThatCannotBeLoadedEndsTheCommand) {
 
 TEST_F(NodeClassesTest, OptionsThatContradictEachOther) {
     AssertFails({"inspect", "--stub", "--no-stub", "blend.json"},
-                "--stub excludes --no-stub (see qvgraph --help)");
+                "--stub excludes --no-stub (see qvgraph inspect --help)");
     AssertFails({"inspect", "--classes", "blend.json"},
-                "FILE excludes --classes (see qvgraph --help)");
+                "FILE excludes --classes (see qvgraph inspect --help)");
     AssertFails({"inspect", "blend.json", "--plugin"},
-                "--plugin: 1 required TEXT missing (see qvgraph --help)");
+                "--plugin: 1 required LIB missing (see qvgraph inspect --help)");
 }
 
 }  // namespace

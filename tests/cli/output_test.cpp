@@ -90,8 +90,13 @@ TEST_F(OutputTest, ANewFileHasThePermissionsOfNewFiles) {
     EXPECT_EQ(ModeOf("report.txt"), 0640U);
 }
 
-TEST_F(OutputTest, MayReplaceItsInput) {
-    AssertWrites("door.json", "door.json");
+TEST_F(OutputTest, DoesNotReplaceItsInput) {
+    fs::create_symlink("door.json", folder.path("link.json"));
+    AssertFails({"inspect", "-o", "door.json", "door.json"},
+                "cannot write door.json: it is the configuration");
+    AssertFails({"inspect", "-o", "link.json", "door.json"},
+                "cannot write link.json: it is the configuration");
+    EXPECT_EQ(folder.read("door.json"), READY);
 }
 
 TEST_F(OutputTest, ALinkStaysAndLeadsToTheReport) {

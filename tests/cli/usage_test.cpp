@@ -44,7 +44,7 @@ TEST_F(UsageTest, HelpWinsOverWhatElseIsGiven) {
 TEST_F(UsageTest, HelpListsEveryVerbByOneLine) {
     const std::string help = Run({"--help"}).out;
     const std::string verbs =
-        "Subcommands:\n"
+        "Verbs:\n"
         "  inspect               Show what a framework makes of a configuration.\n";
     EXPECT_NE(help.find(verbs), std::string::npos) << help;
 }
@@ -68,41 +68,41 @@ TEST_F(UsageTest, TellsItsVersion) {
 }
 
 TEST_F(UsageTest, WantsAVerb) {
-    AssertFails({}, "A subcommand is required (see qvgraph --help)");
+    AssertFails({}, "a verb is missing (see qvgraph --help)");
     AssertFails({"check-out"}, "there is no verb 'check-out' (see qvgraph --help)");
     AssertFails({"Inspect"}, "there is no verb 'Inspect' (see qvgraph --help)");
 }
 
 TEST_F(UsageTest, WantsAFile) {
-    AssertFails({"inspect"}, "FILE is required (see qvgraph --help)");
-    AssertFails({"inspect", "--format", "json"}, "FILE is required (see qvgraph --help)");
+    AssertFails({"inspect"}, "FILE is required (see qvgraph inspect --help)");
+    AssertFails({"inspect", "--format", "json"}, "FILE is required (see qvgraph inspect --help)");
 }
 
 TEST_F(UsageTest, WantsOneFile) {
     AssertFails({"inspect", "door.json", "other.json"},
-                "The following argument was not expected: other.json (see qvgraph --help)");
+                "The following argument was not expected: other.json (see qvgraph inspect --help)");
 }
 
 TEST_F(UsageTest, WantsOptionsThatItKnows) {
     AssertFails({"inspect", "--loud", "door.json"},
-                "The following argument was not expected: --loud (see qvgraph --help)");
+                "The following argument was not expected: --loud (see qvgraph inspect --help)");
     AssertFails({"inspect", "door.json", "-x"},
-                "The following argument was not expected: -x (see qvgraph --help)");
+                "The following argument was not expected: -x (see qvgraph inspect --help)");
 }
 
 TEST_F(UsageTest, WantsArgumentsThatItKnows) {
     AssertFails({"inspect", "--format", "xml", "door.json"},
-                "--format: xml not in {text,json} (see qvgraph --help)");
+                "--format: xml not in {text,json} (see qvgraph inspect --help)");
     AssertFails({"inspect", "--color", "sometimes", "door.json"},
-                "--color: sometimes not in {auto,always,never} (see qvgraph --help)");
+                "--color: sometimes not in {auto,always,never} (see qvgraph inspect --help)");
     AssertFails({"inspect", "door.json", "-o"},
-                "--output: 1 required TEXT missing (see qvgraph --help)");
+                "--output: 1 required TEXT missing (see qvgraph inspect --help)");
 }
 
 TEST_F(UsageTest, AnArgumentNeverReachesTheTerminalRaw) {
     AssertFails({"inspect", "door.json", "\033[2J\n\xff"},
                 "The following argument was not expected: \\x1b[2J\\x0a\ufffd"
-                " (see qvgraph --help)");
+                " (see qvgraph inspect --help)");
 }
 
 TEST_F(UsageTest, AfterTwoDashesComesAFile) {

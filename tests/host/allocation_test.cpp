@@ -82,8 +82,7 @@ protected:
         RegistryTest::SetUp();
         registry.registerClass(
             {"Bare", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new BareNode; }});
-        _QVNodeInfo info;
-        node_proxy_parse_stub_uid(&info, "Bare");  // the proxy keeps the name
+        SetUpAndEnd();  // the proxy keeps the name, and its tables
     }
 
     // Sets up a node that brings no store, and lets its owner end.

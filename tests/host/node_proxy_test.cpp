@@ -398,7 +398,6 @@ TEST_F(NodeProxyTest, StoreSuppliedToAnotherNodeStaysWithThatNode) {
     {
         QVNodeOwner outer;
         Create(outer.info(), "Bare");
-        const std::unique_ptr<QvMetaData> replaced(outer.info()->node->mOptions);
         outer.info()->node->mOptions = inner.info()->node->mOptions;
     }
     EXPECT_EQ(inner.info()->node->mOptions->setInt32("still there", 1), 0);

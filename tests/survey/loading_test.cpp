@@ -42,8 +42,17 @@ TEST_F(LoadingTest, TakesWhateverIsNotNull) {
 TEST_F(LoadingTest, ReadsUpToTheFirstNul) {
     using std::string_view_literals::operator""sv;
     AssertLoads(bytes("{\"a\": 1}\0, and then something else"sv), R"({"a": 1})");
-    AssertFails(bytes("{\"a\": \0 1}"sv), "unexpected end of input");
-    AssertFails(bytes("\0{}"sv), "unexpected end of input");
+    AssertFails(bytes("{\"a\": \0 1}"sv),
+                "unexpected end of input (the text ends at a NUL, the byte 6)");
+    AssertFails(bytes("\0{}"sv), "unexpected end of input (the text ends at a NUL, the byte 0)");
+}
+
+// json11 shows the first byte of the mark as a char, which may have a sign.
+TEST_F(LoadingTest, NamesAByteOrderMark) {
+    const char first = '\xef';
+    AssertFails("\xef\xbb\xbf{}",
+                "expected value, got (" + std::to_string(first) +
+                    ") (the text begins with a byte-order mark)");
 }
 
 TEST_F(LoadingTest, ADocumentThatIsNullIsNamedSo) {

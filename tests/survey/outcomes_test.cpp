@@ -242,7 +242,7 @@ TEST_F(OutcomeOfSetUpTest, ANodeThatProducesAStreamTwiceIsRefused) {
     AssertWired(R"({"stream_output_0": "s", "stream_fmt_out_0": "f",
                     "stream_output_1": "s", "stream_fmt_out_1": "f"})",
                 R"(
-stream refused (0): its output stream 's' is produced by node_3 already
+stream refused (0): its output stream 's' is produced by the node itself already
 out 0 "s" "f"
 out - - -
 )");
@@ -477,6 +477,18 @@ out 0 "s" "f"
 )");
 }
 
+struct Silent : std::exception {
+    const char* what() const noexcept override { return ""; }
+};
+
+TEST_F(OutcomeOfSetUpTest, AnExceptionNeedNotSayWhy) {
+    Register<ThrowingNode<Silent>>("Camera");
+    AssertNamed(R"("Camera")", R"(
+would throw (-): an exception that does not say why
+out 0 "s" "f"
+)");
+}
+
 TEST_F(OutcomeOfSetUpTest, ANodeMayThrowWhatIsNoException) {
     Register<ThrowingNode<int>>("Camera");
     AssertNamed(R"("Camera")", R"(
@@ -543,11 +555,11 @@ private:
     ForeignStore mStore;
 };
 
-TEST_F(OutcomeOfSetUpTest, AStoreThatIsNotTheDesksShowsNoOptions) {
+TEST_F(OutcomeOfSetUpTest, OfAStoreThatIsNotTheDesksWhatItFindsIsShown) {
     Register<ForeignNode>("Foreign");
     const Node node = NodeOf(R"({"node_opts": {"node_name": "Foreign"},
                                 "stream_opts": {"stream_input": "a"}})");
-    EXPECT_EQ(node.options, Options());
+    EXPECT_EQ(textOf(node.options), R"({node_name "s", stream_input "s"})");
     EXPECT_EQ(outcomeOf(node), R"(
 ready (0)
 in 0 "s" "f"

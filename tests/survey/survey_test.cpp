@@ -131,7 +131,7 @@ TEST_F(SurveyTest, AnIdMayLeadToNoMember) {
 pipe 0 pipe_0 threads 0 links none
   executor 0 id 0 - {}
   link 0 id 0 - {}
-  node 0 id 0 - "" of "": not created (-1): it has no "node_name" that is a text
+  node 0 id 0 - "" of "": not created (-1): its id 0 leads to 'node_0', which is not there
     {}
 )");
 }

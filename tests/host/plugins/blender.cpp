@@ -23,8 +23,6 @@ QVTaskNodeBase* createBlender(const _QVNodeInfo* /*info*/) {
 
 }  // namespace
 
-extern "C" int qvgraph_register_nodes(QVNodeClassRegistry* registry);
-
 int qvgraph_register_nodes(QVNodeClassRegistry* registry) {
     QVNodeClass blender;
     blender.name = "Blender";

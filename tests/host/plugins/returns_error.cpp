@@ -9,8 +9,6 @@ QVTaskNodeBase* createNone(const _QVNodeInfo* /*info*/) {
 
 }  // namespace
 
-extern "C" int qvgraph_register_nodes(QVNodeClassRegistry* registry);
-
 int qvgraph_register_nodes(QVNodeClassRegistry* registry) {
     QVNodeClass nodeClass;
     nodeClass.name = "Mixer";

@@ -1,0 +1,17 @@
+# Fails when the sources in FOLDER have LIMIT lines or more.
+cmake_minimum_required(VERSION 3.25)
+
+file(GLOB sources ${FOLDER}/*.h ${FOLDER}/*.cpp)
+if(NOT sources)
+    message(FATAL_ERROR "there are no sources in ${FOLDER}")
+endif()
+set(lines 0)
+foreach(source ${sources})
+    file(READ ${source} text)
+    string(REGEX REPLACE "[^\n]" "" newlines "${text}")
+    string(LENGTH "${newlines}" number)
+    math(EXPR lines "${lines} + ${number}")
+endforeach()
+if(lines GREATER_EQUAL LIMIT)
+    message(FATAL_ERROR "${lines} lines, but the examples promise fewer than ${LIMIT}")
+endif()
