@@ -37,6 +37,8 @@ public:
         return result;
     }
 
+    bool empty() const { return mNames.empty(); }
+
     void keepClasses() { mNames.clear(); }
 
     // Why the first class that was refused was; empty when none was.
@@ -81,7 +83,10 @@ std::string runRegistration(RegisterNodes registerNodes, PluginRegistry* classes
     if (!classes->error().empty()) {
         return classes->error();
     }
-    return result != 0 ? "qvgraph_register_nodes returned " + std::to_string(result) : "";
+    if (result != 0) {
+        return "qvgraph_register_nodes returned " + std::to_string(result);
+    }
+    return classes->empty() ? "it registers no class" : "";
 }
 
 }  // namespace

@@ -10,8 +10,8 @@
 // of ours: what its classes call, such as qv_log, is the program's, which
 // exports it (in CMake, ENABLE_EXPORTS). The registry is valid during that call
 // alone. Library and program are built with the same version of these headers
-// and of the C++ standard library; nothing checks that. Returning non-zero, or
-// a class that cannot be registered, makes the whole library fail.
+// and of the C++ standard library; nothing checks that. Returning non-zero, no
+// class, or a class that cannot be registered makes the whole library fail.
 #ifndef QVGRAPH_HOST_QV_NODE_PLUGIN_H_
 #define QVGRAPH_HOST_QV_NODE_PLUGIN_H_
 

@@ -52,6 +52,7 @@ private:
 
     std::ostream& mOut;
     bool mColour;
+    bool mMarkStubs = false;
 };
 
 std::string counted(size_t number, const std::string& thing) {
@@ -127,7 +128,8 @@ std::vector<Row> wiringOf(const Node& node) {
     return rows;
 }
 
-std::string nameOf(const Node& node) {
+// Stubs are told from nodes of classes only where there are classes.
+std::string nameOf(const Node& node, bool markStubs) {
     if (node.name.empty()) {
         return "(no name)";
     }
@@ -135,7 +137,10 @@ std::string nameOf(const Node& node) {
     if (node.name != node.className) {
         name += ", class " + printable(node.className);
     }
-    return name + (node.registered ? " (registered)" : "");
+    if (node.registered) {
+        return name + " (registered)";
+    }
+    return name + (markStubs && node.outcome != Outcome::NotCreated ? " (stub)" : "");
 }
 
 template <typename Item>
@@ -161,6 +166,7 @@ std::string joined(const std::vector<std::string>& texts) {
 }
 
 void Report::write(const std::string& file, const Survey& survey) {
+    mMarkStubs = !survey.nodeClasses.classes.empty();
     mOut << printable(file) << ": " << counted(survey.pipes.size(), "pipe") << ", "
          << textOf(readinessOf(survey)) << '\n';
     for (const Pipe& pipe : survey.pipes) {
@@ -220,7 +226,7 @@ void Report::writeNodes(const std::vector<Node>& nodes) {
     mOut << '\n' << blanks(SECTION) << "nodes\n";
     for (size_t i = 0; i < nodes.size(); ++i) {
         mOut << (i > 0 ? "\n" : "");
-        heads[i].push_back(nameOf(nodes[i]));
+        heads[i].push_back(nameOf(nodes[i], mMarkStubs));
         writeNode(nodes[i], heads[i], widths);
     }
 }

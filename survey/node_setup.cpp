@@ -97,16 +97,28 @@ std::string placeOf(const char* side, size_t index, size_t count) {
     return place;
 }
 
+// What there is to say where a class has other numbers of streams than are
+// declared.
+std::string explainCount(const std::string& side, size_t ofClass, int declared) {
+    if (ofClass == static_cast<size_t>(declared)) {
+        return "";
+    }
+    return ": its class has " + std::to_string(ofClass) + ' ' + side +
+           "s, \"stream_opts\" declares " + std::to_string(declared);
+}
+
 // Streams are wired in order, inputs first: the first end that is not bound is
 // the one without a name. Where all are, a node class asserted something.
-std::string explainAbort(const Node& node, const AssertionFailed& failed) {
+std::string explainAbort(const Node& node, const _QVNodeInfo& info, const AssertionFailed& failed) {
     const size_t inputs = boundOf(node.inputs);
     if (inputs < node.inputs.size()) {
-        return "no name for its " + placeOf("input", inputs, node.inputs.size());
+        return "no name for its " + placeOf("input", inputs, node.inputs.size()) +
+               explainCount("input", node.inputs.size(), info.inputNum);
     }
     const size_t outputs = boundOf(node.outputs);
     if (outputs < node.outputs.size()) {
-        return "no name for its " + placeOf("output", outputs, node.outputs.size());
+        return "no name for its " + placeOf("output", outputs, node.outputs.size()) +
+               explainCount("output", node.outputs.size(), info.outputNum);
     }
     return failed.text;
 }
@@ -189,7 +201,7 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
     } catch (const AssertionFailed& failed) {
         readWiring(*owner.info(), &node);
         node.outcome = Outcome::WouldAbort;
-        node.message = explainAbort(node, failed);
+        node.message = explainAbort(node, *owner.info(), failed);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {

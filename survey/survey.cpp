@@ -190,6 +190,7 @@ Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& req
         }
     });
     Survey survey;
+    survey.nodeClasses = surveyNodeClasses();
     const int first = request.pipe.value_or(0);
     const int end = request.pipe ? first + 1 : parser.getPipeNum();
     for (int index = first; index < end; ++index) {

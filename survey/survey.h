@@ -91,17 +91,6 @@ struct Pipe {
     std::vector<Stream> streams;  // by id
 };
 
-struct Survey {
-    std::vector<Pipe> pipes;
-};
-
-// How many nodes a survey has, and how many of them are not ready.
-struct Readiness {
-    size_t nodes = 0;
-    size_t notReady = 0;
-};
-Readiness readinessOf(const Survey& survey);
-
 // A node class that is registered, and the library that it comes from; empty
 // for the program itself.
 struct NodeClass {
@@ -114,6 +103,20 @@ struct NodeClasses {
     std::vector<NodeClass> classes;  // in the byte order of their names
     bool stub = false;               // whether a stub stands in for all others
 };
+
+struct Survey {
+    std::vector<Pipe> pipes;
+    NodeClasses nodeClasses;
+};
+
+// How many nodes a survey has, and how many of them are not ready.
+struct Readiness {
+    size_t nodes = 0;
+    size_t notReady = 0;
+};
+Readiness readinessOf(const Survey& survey);
+
+// Surveys the registry of node classes.
 NodeClasses surveyNodeClasses();
 
 // Receives the parser's records as it is run; an empty one receives nothing.

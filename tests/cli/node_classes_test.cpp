@@ -63,7 +63,7 @@ TEST_F(NodeClassesTest, ClassesOfALibraryAreUsedAndMarked) {
          in   0  a  f
          in   1  b  f
          out  2  c  f
-    1  node_1  id 1  Display
+    1  node_1  id 1  Display (stub)
          ready
          in  2  c  f
 )");

@@ -104,6 +104,10 @@ TEST_F(NodePluginTest, ClassThatCannotBeRegistered) {
     AssertFails(Path("no_name"), "'' is no class that can be registered: see host/qv_node_class.h");
 }
 
+TEST_F(NodePluginTest, LibraryThatRegistersNothing) {
+    AssertFails(Path("no_class"), "it registers no class");
+}
+
 TEST_F(NodePluginTest, FunctionThatReturnsAnError) {
     AssertFails(Path("returns_error"), "qvgraph_register_nodes returned 7");
 }

@@ -2,7 +2,6 @@
 #include "framework/qv_node_proxy.h"
 
 #include <gtest/gtest.h>
-#include <memory>
 
 #include <climits>
 #include <map>

@@ -221,16 +221,21 @@ TEST_F(TextReportTest, NothingOfAConfigurationReachesTheTerminalRaw) {
                   shown + "  (none)    (none)\n");
 }
 
-TEST_F(TextReportTest, MarksNodesOfRegisteredClasses) {
+TEST_F(TextReportTest, WhereThereAreClassesMarksTheirNodesAndStubs) {
     Pipe pipe = pipeAt(0);
     qvgraph::Node plain = nodeNamed(0, 0, "Camera");
     plain.registered = true;
     qvgraph::Node labelled = nodeNamed(1, 1, "Camera#door");
     labelled.className = "Camera";
     labelled.registered = true;
-    pipe.nodes = {plain, labelled, nodeNamed(2, 2, "Display")};
-    AssertShows(surveyOf(pipe), R"(
-door.json: 1 pipe, 3 nodes, all ready
+    qvgraph::Node missing = nodeNamed(3, 3, "Lens");
+    missing.outcome = qvgraph::Outcome::NotCreated;
+    missing.message = "its class 'Lens' made no node";
+    pipe.nodes = {plain, labelled, nodeNamed(2, 2, "Display"), missing};
+    qvgraph::Survey survey = surveyOf(pipe);
+    survey.nodeClasses.classes = {{"Camera", "camera.so"}};
+    AssertShows(survey, R"(
+door.json: 1 pipe, 4 nodes, 1 of them not ready
 
 pipe_0: index 0, 0 executor threads, default link mode none
 
@@ -241,8 +246,11 @@ pipe_0: index 0, 0 executor threads, default link mode none
     1  node_1  id 1  Camera#door, class Camera (registered)
          ready
 
-    2  node_2  id 2  Display
+    2  node_2  id 2  Display (stub)
          ready
+
+    3  node_3  id 3  Lens
+         not created: its class 'Lens' made no node
 )");
 }
 

@@ -322,7 +322,7 @@ TEST_F(OutcomeOfSetUpTest, AClassThatHasMoreStreamsThanAreDeclaredAborts) {
     AssertWired(R"({"stream_input": "a", "stream_fmt_in": "f",
                     "stream_output": "b", "stream_fmt_out": "f"})",
                 R"(
-would abort (-): no name for its input stream 1 of 2
+would abort (-): no name for its input stream 1 of 2: its class has 2 inputs, "stream_opts" declares 1
 in - - -
 in - - -
 out - - -

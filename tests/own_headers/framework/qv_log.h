@@ -25,7 +25,7 @@ void* qv_memset(void*, int, size_t);
     if (!(condition)) {            \
         abort();                   \
     }
-#define CHECK_UE(actual, unexpected)  \
-    if ((actual) == (unexpected)) {   \
-        return result;                \
+#define CHECK_UE(actual, unexpected) \
+    if ((actual) == (unexpected)) {  \
+        return result;               \
     }
