@@ -19,46 +19,16 @@
 
 #include "framework/qv_log.h"
 #include "graph/qv_graph_parser.h"
+#include "tests/support/counted_allocations.h"
 #include "tests/support/temporary_folder.h"
 
 using json11::Json;
 
 namespace {
 
-size_t allocations = 0;
-size_t largest = 0;
 char lastRecord[512];
 
-void* allocate(size_t size) {
-    ++allocations;
-    largest = std::max(largest, size);
-    void* const memory = malloc(size != 0 ? size : 1);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    return memory;
-}
-
 }  // namespace
-
-void* operator new(size_t size) {
-    return allocate(size);
-}
-void* operator new[](size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    free(memory);
-}
-void operator delete[](void* memory) noexcept {
-    free(memory);
-}
-void operator delete(void* memory, size_t /*size*/) noexcept {
-    free(memory);
-}
-void operator delete[](void* memory, size_t /*size*/) noexcept {
-    free(memory);
-}
 
 int qv_log(uint32_t /*module*/,
            int /*level*/,
@@ -137,9 +107,9 @@ class OptionAllocationTest : public testing::Test {
 protected:
     void AssertAllocatesNothing(const Json& value, int result, const std::string& stored) {
         store.text[0] = '\0';
-        const size_t before = allocations;
+        const int before = allocations.made;
         const int actual = parser.parseOptions(&store, "key", value);
-        const size_t after = allocations;
+        const int after = allocations.made;
         EXPECT_EQ(after, before) << value.dump();
         EXPECT_EQ(actual, result);
         EXPECT_EQ(store.text, stored);
@@ -154,9 +124,9 @@ class FileAllocationTest : public testing::Test {
 protected:
     void AssertReadsAsEmptyInLittleMemory(const std::string& file) {
         QVGraphParser parser;
-        largest = 0;
+        allocations.largest = 0;
         const int result = parser.parseConfigFile(file.c_str());
-        const size_t requested = largest;
+        const size_t requested = allocations.largest;
         EXPECT_EQ(result, -1);
         EXPECT_STREQ(lastRecord,
                      "\033[31m\033[1mfailed to json11::Json::parse(...), "
@@ -171,9 +141,9 @@ protected:
 }  // namespace
 
 TEST_F(OptionAllocationTest, TheCounterCounts) {
-    const size_t before = allocations;
+    const int before = allocations.made;
     const std::string longText(100, 'x');
-    EXPECT_EQ(allocations, before + 1) << longText;
+    EXPECT_EQ(allocations.made, before + 1) << longText;
 }
 
 TEST_F(OptionAllocationTest, NumbersAllocateNothing) {
@@ -240,9 +210,9 @@ TEST_F(FileAllocationTest, NoRequestExceedsTheFileByMuch) {
     folder.write("file", text);
 
     QVGraphParser parser;
-    largest = 0;
+    allocations.largest = 0;
     const int result = parser.parseConfigFile(path.c_str());
-    const size_t requested = largest;
+    const size_t requested = allocations.largest;
     EXPECT_EQ(result, 0);
     EXPECT_LE(requested, text.size() + 1);
     EXPECT_EQ(parser.getPipeNum(), 20000);

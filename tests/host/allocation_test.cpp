@@ -2,8 +2,6 @@
 // program.
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <cstdlib>
 #include <new>
 #include <string>
 #include <utility>
@@ -15,54 +13,7 @@
 #include "host/qv_node_owner.h"
 #include "host/qv_node_registry.h"
 #include "tests/host/registry_test.h"
-
-namespace {
-
-std::atomic<int> made{0};
-std::atomic<int> living{0};
-std::atomic<int> untilFailure{-1};  // allocations until one fails; -1: never
-
-void* allocate(size_t size) {
-    if (untilFailure == 0) {
-        throw std::bad_alloc();
-    }
-    if (untilFailure > 0) {
-        --untilFailure;
-    }
-    void* const memory = malloc(size != 0 ? size : 1);
-    if (memory == nullptr) {
-        throw std::bad_alloc();
-    }
-    ++made;
-    ++living;
-    return memory;
-}
-
-void release(void* memory) {
-    living -= memory != nullptr ? 1 : 0;
-    free(memory);
-}
-
-}  // namespace
-
-void* operator new(size_t size) {
-    return allocate(size);
-}
-void* operator new[](size_t size) {
-    return allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory) noexcept {
-    release(memory);
-}
-void operator delete(void* memory, size_t /*size*/) noexcept {
-    release(memory);
-}
-void operator delete[](void* memory, size_t /*size*/) noexcept {
-    release(memory);
-}
+#include "tests/support/counted_allocations.h"
 
 namespace {
 
@@ -99,25 +50,25 @@ protected:
 }  // namespace
 
 TEST_F(OwnerAllocationTest, OwnerFreesAllThatItsRecordReceived) {
-    const int before = living;
+    const int before = allocations.living;
     SetUpAndEnd();
-    EXPECT_EQ(living, before);
+    EXPECT_EQ(allocations.living, before);
 }
 
 TEST_F(OwnerAllocationTest, OwnerFreesWhatWasMadeBeforeTheMemoryRanOut) {
-    const int before = living;
+    const int before = allocations.living;
     int failures = 0;
     bool failed = true;
     while (failed && failures < 100) {
-        untilFailure = failures;
+        allocations.untilFailure = failures;
         try {
             SetUpAndEnd();
             failed = false;
         } catch (const std::bad_alloc&) {
             ++failures;
         }
-        untilFailure = -1;
-        ASSERT_EQ(living, before) << "allocation " << failures << " failed";
+        allocations.untilFailure = -1;
+        ASSERT_EQ(allocations.living, before) << "allocation " << failures << " failed";
     }
     EXPECT_FALSE(failed);
     // A node, its store, two vectors, five managers, an option of two.
@@ -132,13 +83,13 @@ TEST(TaskGraphAllocationTest, NoStreamIsHalfThereWhenTheMemoryRanOut) {
     int id = -1;
     while (id == -1 && failures < 100) {
         std::string name = "a name that is not kept in place";
-        untilFailure = failures;
+        allocations.untilFailure = failures;
         try {
             id = graph.addOutputStream(std::move(name));
         } catch (const std::bad_alloc&) {
             ++failures;
         }
-        untilFailure = -1;
+        allocations.untilFailure = -1;
         ASSERT_EQ(graph.streams().size(), id == -1 ? 1U : 2U) << "allocation " << failures;
     }
     EXPECT_EQ(id, 1);
@@ -147,8 +98,8 @@ TEST(TaskGraphAllocationTest, NoStreamIsHalfThereWhenTheMemoryRanOut) {
 
 TEST(LogAllocationTest, RecordBelowTheFilterAllocatesNothing) {
     const std::string text(10000, 'x');
-    const int before = made;
+    const int before = allocations.made;
     qv_log(1, QV_LOG_INFO, "tag", "%s", "function", 1, text.c_str());
     qv_log(1, QV_LOG_NOTICE, "tag", "%s", "function", 1, text.c_str());
-    EXPECT_EQ(made, before);
+    EXPECT_EQ(allocations.made, before);
 }

@@ -1,0 +1,53 @@
+#include "tests/support/counted_allocations.h"
+
+#include <cstdlib>
+#include <new>
+
+CountedAllocations allocations;
+
+namespace {
+
+void* allocate(size_t size) {
+    if (allocations.untilFailure == 0) {
+        throw std::bad_alloc();
+    }
+    if (allocations.untilFailure > 0) {
+        --allocations.untilFailure;
+    }
+    void* const memory = malloc(size != 0 ? size : 1);
+    if (memory == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++allocations.made;
+    ++allocations.living;
+    if (size > allocations.largest) {
+        allocations.largest = size;
+    }
+    return memory;
+}
+
+void release(void* memory) {
+    allocations.living -= memory != nullptr ? 1 : 0;
+    free(memory);
+}
+
+}  // namespace
+
+void* operator new(size_t size) {
+    return allocate(size);
+}
+void* operator new[](size_t size) {
+    return allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    release(memory);
+}
+void operator delete[](void* memory) noexcept {
+    release(memory);
+}
+void operator delete(void* memory, size_t /*size*/) noexcept {
+    release(memory);
+}
+void operator delete[](void* memory, size_t /*size*/) noexcept {
+    release(memory);
+}
