@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <exception>
 #include <string>
 #include <type_traits>
 #include <variant>
@@ -288,9 +289,14 @@ void printTexts() {
 }  // namespace
 
 int main() {
-    const QVLogScope scope(QV_LOG_INFO, printRecord);
-    printOptions();
-    printIds();
-    printTexts();
+    try {
+        const QVLogScope scope(QV_LOG_INFO, printRecord);
+        printOptions();
+        printIds();
+        printTexts();
+    } catch (const std::exception& error) {
+        fprintf(stderr, "dump: %s\n", error.what());
+        return 1;
+    }
     return 0;
 }
