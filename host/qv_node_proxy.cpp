@@ -78,9 +78,10 @@ private:
     std::unordered_map<const QVTaskNodeBase*, std::unique_ptr<QVHostMetaData>> mStores;
 };
 
+// Never destroyed: an owner may be static, and end after it.
 SuppliedStores& suppliedStores() {
-    static SuppliedStores stores;
-    return stores;
+    static auto* const stores = new SuppliedStores;
+    return *stores;
 }
 
 template <typename Manager, typename Base>

@@ -66,7 +66,7 @@ struct Node {
     Outcome outcome = Outcome::Ready;
     std::optional<int> result;  // of initTaskNode; empty where it does not return
     std::string message;        // why it is not ready; empty when it is
-    Options options;            // what its store holds afterwards
+    Options options;            // what its store holds under the keys of its objects
     std::vector<StreamEnd> inputs;
     std::vector<StreamEnd> outputs;
 };
