@@ -7,9 +7,13 @@
 #include <sstream>
 #include <string>
 
+#include "cli/check.h"
+#include "cli/draw.h"
 #include "cli/exit_code.h"
+#include "cli/explain.h"
 #include "cli/file_error.h"
 #include "cli/inspect.h"
+#include "cli/schema.h"
 #include "cli/terminal.h"
 
 namespace {
@@ -21,6 +25,9 @@ const char* const DESCRIPTION =
     "\n"
     "Examples:\n"
     "  qvgraph inspect pipes.json        what a framework makes of a configuration\n"
+    "  qvgraph check pipes.json          every mistake in it, with its place\n"
+    "  qvgraph draw -o a.svg pipes.json  a picture of it\n"
+    "  qvgraph explain no-producer       what a finding means, and how to mend it\n"
     "  qvgraph inspect --help            every option of a verb\n";
 
 // Lists each verb by the first line of its description.
@@ -64,6 +71,10 @@ ExitCode run(int argc, char** argv) {
     app.formatter(std::make_shared<HelpFormatter>());
     ExitCode code = ExitCode::Clean;
     qvgraph::addInspect(&app, &code);
+    qvgraph::addCheck(&app, &code);
+    qvgraph::addDraw(&app, &code);
+    qvgraph::addExplain(&app, &code);
+    qvgraph::addSchema(&app, &code);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {  // --help and --version

@@ -8,6 +8,10 @@
 
 namespace qvgraph {
 
+inline bool hasPrefix(const std::string& key, const char* prefix) {
+    return key.rfind(prefix, 0) == 0;
+}
+
 inline std::string indexedKey(const char* prefix, int number) {
     return prefix + std::to_string(number);
 }

@@ -109,17 +109,18 @@ std::string explainCount(const std::string& side, size_t ofClass, int declared) 
 
 // Streams are wired in order, inputs first: the first end that is not bound is
 // the one without a name. Where all are, a node class asserted something.
-std::string explainAbort(const Node& node, const _QVNodeInfo& info, const AssertionFailed& failed) {
-    const size_t inputs = boundOf(node.inputs);
-    if (inputs < node.inputs.size()) {
-        return "no name for its " + placeOf("input", inputs, node.inputs.size()) +
-               explainCount("input", node.inputs.size(), info.inputNum);
+std::string explainAbort(const _QVNodeInfo& info, const AssertionFailed& failed, Node* node) {
+    const size_t inputs = boundOf(node->inputs);
+    if (inputs < node->inputs.size()) {
+        return "no name for its " + placeOf("input", inputs, node->inputs.size()) +
+               explainCount("input", node->inputs.size(), info.inputNum);
     }
-    const size_t outputs = boundOf(node.outputs);
-    if (outputs < node.outputs.size()) {
-        return "no name for its " + placeOf("output", outputs, node.outputs.size()) +
-               explainCount("output", node.outputs.size(), info.outputNum);
+    const size_t outputs = boundOf(node->outputs);
+    if (outputs < node->outputs.size()) {
+        return "no name for its " + placeOf("output", outputs, node->outputs.size()) +
+               explainCount("output", node->outputs.size(), info.outputNum);
     }
+    node->failedByClass = true;
     return failed.text;
 }
 
@@ -128,11 +129,9 @@ std::string explainThrow(const std::exception& error, Node* node) {
     const bool atOutput = boundOf(node->outputs) > 0;
     Ends& ends = atOutput ? node->outputs : node->inputs;
     const size_t bound = boundOf(ends);
-    if (*error.what() == '\0') {
-        return "an exception that does not say why";
-    }
     if (error.what() != NO_FORMAT || bound == 0 || !ends[bound - 1].format.value_or("").empty()) {
-        return error.what();
+        node->failedByClass = true;
+        return *error.what() == '\0' ? "an exception that does not say why" : error.what();
     }
     ends[bound - 1].format.reset();
     return "no format for its " + placeOf(atOutput ? "output" : "input", bound - 1, ends.size()) +
@@ -150,27 +149,28 @@ std::string explainRefusal(const QVHostTaskGraph::Refusal& refusal, int id) {
 }
 
 // Why the node proxy made no node.
-std::string explainNoNode(const Node& node) {
-    if (!node.key) {
-        return "its id " + std::to_string(node.id) + " leads to '" + indexedKey("node_", node.id) +
-               "', which is not there";
+std::string explainNoNode(Node* node) {
+    if (!node->key) {
+        return "its id " + std::to_string(node->id) + " leads to '" +
+               indexedKey("node_", node->id) + "', which is not there";
     }
-    if (node.name.empty()) {
+    if (node->name.empty()) {
         return "it has no \"node_name\" that is a text";
     }
-    if (node.className.empty()) {
-        return "its name '" + node.name + "' has no class before the '#'";
+    if (node->className.empty()) {
+        return "its name '" + node->name + "' has no class before the '#'";
     }
-    if (!QVNodeRegistry::instance().find(node.className)) {
-        return "its class '" + node.className + "' is not registered";
+    if (!QVNodeRegistry::instance().find(node->className)) {
+        return "its class '" + node->className + "' is not registered";
     }
-    return "its class '" + node.className + "' made no node";
+    node->failedByClass = true;
+    return "its class '" + node->className + "' made no node";
 }
 
 void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* node) {
     if (info.node == nullptr) {
         node->outcome = Outcome::NotCreated;
-        node->message = explainNoNode(*node);
+        node->message = explainNoNode(node);
     } else if (node->inputs.empty() && node->outputs.empty()) {
         node->outcome = Outcome::NoStreams;
         node->message = "it has neither inputs nor outputs";
@@ -201,7 +201,7 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
     } catch (const AssertionFailed& failed) {
         readWiring(*owner.info(), &node);
         node.outcome = Outcome::WouldAbort;
-        node.message = explainAbort(node, *owner.info(), failed);
+        node.message = explainAbort(*owner.info(), failed, &node);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
@@ -212,10 +212,11 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
         readWiring(*owner.info(), &node);
         node.outcome = Outcome::WouldThrow;
         node.message = "something that is no std::exception";
+        node.failedByClass = true;
     }
     node.options = readOptions(member, *owner.info());
-    node.registered =
-        owner.info()->node != nullptr && QVNodeRegistry::instance().isRegistered(node.className);
+    node.created = owner.info()->node != nullptr;
+    node.registered = node.created && QVNodeRegistry::instance().isRegistered(node.className);
     return node;
 }
 

@@ -1,6 +1,7 @@
 #include "survey/survey.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "host/qv_host_task_graph.h"
@@ -56,35 +57,64 @@ std::string hintFor(const std::string& text) {
     return "";
 }
 
+// A member of a family, with the id that the parser reads in its key.
+struct FamilyMember {
+    std::string key;
+    int id = 0;
+};
+
+// The members of a family in the parser's order. The parser is asked for the id
+// in each key by itself: its lookup by index walks the object every time.
+std::vector<FamilyMember> membersOf(const QVGraphParser& parser,
+                                    const json11::Json& object,
+                                    const char* prefix) {
+    std::vector<FamilyMember> members;
+    for (const auto& member : object.object_items()) {
+        if (hasPrefix(member.first, prefix)) {
+            const json11::Json alone = json11::Json::object{{member.first, nullptr}};
+            members.push_back({member.first, parser.getItemIDByIndex(alone, 0, prefix)});
+        }
+    }
+    return members;
+}
+
 // How a kind of members with options is asked for.
 struct SetKind {
     const char* prefix;
     int (QVGraphParser::*num)(int pipe) const;
-    int (QVGraphParser::*idByIndex)(int pipe, int index) const;
     int (QVGraphParser::*syncOptions)(QvMetaData* meta, int pipe, int id) const;
 };
 
-const SetKind EXECUTORS = {"executor_",
-                           &QVGraphParser::getExecNum,
-                           &QVGraphParser::getExecIDByIndex,
-                           &QVGraphParser::syncExecOptions};
-const SetKind LINKS = {"link_",
-                       &QVGraphParser::getLinkNum,
-                       &QVGraphParser::getLinkIDByIndex,
-                       &QVGraphParser::syncLinkOptions};
+const SetKind EXECUTORS = {
+    "executor_", &QVGraphParser::getExecNum, &QVGraphParser::syncExecOptions};
+const SetKind LINKS = {"link_", &QVGraphParser::getLinkNum, &QVGraphParser::syncLinkOptions};
 
 std::vector<OptionSet> surveySets(const QVGraphParser& parser, int pipe, const SetKind& kind) {
     const json11::Json& members = parser.root()[indexedKey("pipe_", pipe)];
-    std::vector<OptionSet> sets(static_cast<size_t>((parser.*kind.num)(pipe)));
-    for (size_t i = 0; i < sets.size(); ++i) {
-        sets[i].index = static_cast<int>(i);
-        sets[i].id = (parser.*kind.idByIndex)(pipe, sets[i].index);
-        sets[i].key = keyIn(members, kind.prefix, sets[i].id);
+    (parser.*kind.num)(pipe);  // for its records
+    std::vector<OptionSet> sets;
+    for (const FamilyMember& member : membersOf(parser, members, kind.prefix)) {
+        OptionSet set;
+        set.index = static_cast<int>(sets.size());
+        set.id = member.id;
+        set.member = member.key;
+        set.key = keyIn(members, kind.prefix, set.id);
         QVHostMetaData store;
-        (parser.*kind.syncOptions)(&store, pipe, sets[i].id);
-        sets[i].options = store.entries();
+        (parser.*kind.syncOptions)(&store, pipe, set.id);
+        set.options = store.entries();
+        sets.push_back(std::move(set));
     }
     return sets;
+}
+
+// What the four option objects of a node leave in a store.
+Options storedOptions(const QVGraphParser& parser, const json11::Json& node) {
+    QVHostMetaData store;
+    for (const char* object :
+         {"node_opts", "stream_opts", "node_opts_extra", "stream_opts_extra"}) {
+        parser.syncOptions(&store, node[object]);
+    }
+    return store.entries();
 }
 
 Stream surveyStream(const QVHostTaskGraph::Stream& registered) {
@@ -100,7 +130,8 @@ Stream surveyStream(const QVHostTaskGraph::Stream& registered) {
     return stream;
 }
 
-Pipe surveyPipe(const QVGraphParser& parser, int index) {
+Pipe surveyPipe(const QVGraphParser& parser, int index, bool stored) {
+    const json11::Json& members = parser.root()[indexedKey("pipe_", index)];
     Pipe pipe;
     pipe.index = index;
     pipe.key = keyIn(parser.root(), "pipe_", index);
@@ -109,17 +140,55 @@ Pipe surveyPipe(const QVGraphParser& parser, int index) {
     pipe.executors = surveySets(parser, index, EXECUTORS);
     pipe.links = surveySets(parser, index, LINKS);
     QVHostTaskGraph graph;
-    const int nodes = parser.getNodeNum(index);
-    for (int i = 0; i < nodes; ++i) {
-        const int id = parser.getNodeIDByIndex(index, i);
-        Node node = setUpNode(parser, index, id, &graph);
-        node.index = i;
+    parser.getNodeNum(index);  // for its records
+    for (const FamilyMember& member : membersOf(parser, members, "node_")) {
+        Node node = setUpNode(parser, index, member.id, &graph);
+        node.index = static_cast<int>(pipe.nodes.size());
+        node.member = member.key;
+        if (stored) {
+            node.stored = storedOptions(parser, members[member.key]);
+        }
         pipe.nodes.push_back(std::move(node));
     }
     for (const QVHostTaskGraph::Stream& stream : graph.streams()) {
         pipe.streams.push_back(surveyStream(stream));
     }
     return pipe;
+}
+
+// Nothing on success; otherwise json11's text, which is empty for null.
+std::optional<std::string> load(const std::string& text,
+                                const RecordObserver& records,
+                                QVGraphParser* parser) {
+    std::string jsonError;
+    const QVLogSink observer = observed(records);
+    const QVLogScope scope(levelFor(records), [&](const QVLogRecord& record) {
+        observer(record);
+        jsonError = jsonErrorIn(record);
+    });
+    if (parser->parseConfigText(text.c_str()) == 0) {
+        return std::nullopt;
+    }
+    return jsonError;
+}
+
+// The indexes of the pipes to survey.
+std::vector<int> pipesFor(const QVGraphParser& parser, const SurveyRequest& request) {
+    std::vector<int> pipes;
+    if (request.everyMember) {
+        for (const FamilyMember& member : membersOf(parser, parser.root(), "pipe_")) {
+            if (member.id >= 0 && member.key == indexedKey("pipe_", member.id)) {
+                pipes.push_back(member.id);
+            }
+        }
+        std::sort(pipes.begin(), pipes.end());
+    } else if (request.pipe) {
+        pipes.push_back(*request.pipe);
+    } else {
+        pipes.resize(static_cast<size_t>(parser.getPipeNum()));
+        std::iota(pipes.begin(), pipes.end(), 0);
+    }
+    return pipes;
 }
 
 }  // namespace
@@ -166,19 +235,11 @@ Readiness readinessOf(const Survey& survey) {
 std::optional<std::string> loadConfiguration(const std::string& text,
                                              const RecordObserver& records,
                                              QVGraphParser* parser) {
-    std::string jsonError;
-    const QVLogSink observer = observed(records);
-    const QVLogScope scope(levelFor(records), [&](const QVLogRecord& record) {
-        observer(record);
-        jsonError = jsonErrorIn(record);
-    });
-    if (parser->parseConfigText(text.c_str()) == 0) {
+    const std::optional<std::string> jsonError = load(text, records, parser);
+    if (!jsonError) {
         return std::nullopt;
     }
-    if (jsonError.empty()) {
-        return "the document is null";
-    }
-    return jsonError + hintFor(text);
+    return jsonError->empty() ? "the document is null" : *jsonError + hintFor(text);
 }
 
 Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& request) {
@@ -191,15 +252,26 @@ Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& req
     });
     Survey survey;
     survey.nodeClasses = surveyNodeClasses();
-    const int first = request.pipe.value_or(0);
-    const int end = request.pipe ? first + 1 : parser.getPipeNum();
-    for (int index = first; index < end; ++index) {
-        survey.pipes.push_back(surveyPipe(parser, index));
+    const std::vector<int> pipes = pipesFor(parser, request);
+    for (const int index : pipes) {
+        survey.pipes.push_back(surveyPipe(parser, index, request.everyMember));
         if (request.progress) {
-            request.progress(survey.pipes.size(), static_cast<size_t>(end - first));
+            request.progress(survey.pipes.size(), pipes.size());
         }
     }
     return survey;
+}
+
+SurveyedText surveyText(const std::string& text, const SurveyRequest& request) {
+    QVGraphParser parser;
+    SurveyedText surveyed;
+    if (const auto jsonError = load(text, request.records, &parser)) {
+        surveyed.jsonError = *jsonError;
+        return surveyed;
+    }
+    surveyed.loads = true;
+    surveyed.survey = surveyConfiguration(parser, request);
+    return surveyed;
 }
 
 }  // namespace qvgraph

@@ -54,19 +54,25 @@ struct OptionSet {
     int id = 0;
     std::optional<std::string> key;
     Options options;
+    std::string member = {};  // its own key
 };
 
 struct Node {
     int index = 0;
     int id = 0;
+    std::string member;              // its own key
     std::optional<std::string> key;  // as in OptionSet
     std::string name;                // "node_name", empty when there is none
     std::string className;           // the name up to a '#'
     bool registered = false;         // it is of that class, and no stub
+    bool created = false;            // the node proxy made a node
     Outcome outcome = Outcome::Ready;
-    std::optional<int> result;  // of initTaskNode; empty where it does not return
-    std::string message;        // why it is not ready; empty when it is
-    Options options;            // what its store holds under the keys of its objects
+    std::optional<int> result;   // of initTaskNode; empty where it does not return
+    std::string message;         // why it is not ready; empty when it is
+    bool failedByClass = false;  // its class made no node, threw or asserted something
+    Options options;             // what its store holds under the keys of its objects
+    Options stored;              // what the member's four objects leave in any store;
+                                 // where SurveyRequest asks for it
     std::vector<StreamEnd> inputs;
     std::vector<StreamEnd> outputs;
 };
@@ -129,6 +135,10 @@ struct SurveyRequest {
     std::optional<int> pipe;  // only this pipe, from 0 to getPipeNum() - 1
     RecordObserver records;
 
+    // Every pipe that some index leads to, be it below getPipeNum() or not, and
+    // no other; and Node::stored is filled.
+    bool everyMember = false;
+
     // Told after each pipe how many are done, of how many; may be empty.
     std::function<void(size_t done, size_t total)> progress;
 };
@@ -146,6 +156,16 @@ std::optional<std::string> loadConfiguration(const std::string& text,
 // What a node class throws while its node is set up is told as WouldThrow;
 // std::bad_alloc is passed on.
 Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& request);
+
+// A text, loaded and surveyed.
+struct SurveyedText {
+    bool loads = false;
+    std::string jsonError;  // json11's text where it does not load; empty for null
+    Survey survey;
+};
+
+// Does both with a parser of its own.
+SurveyedText surveyText(const std::string& text, const SurveyRequest& request);
 
 }  // namespace qvgraph
 

@@ -23,7 +23,8 @@ const std::map<std::string, Names> ROOMS = {
     {"survey", {"framework", "graph", "host"}},
     {"check", {"source", "survey"}},
     {"render", {"check", "source", "survey"}},
-    {"cli", {"framework", "graph", "host", "source", "survey", "check", "render"}},
+    {"schema", {}},
+    {"cli", {"framework", "graph", "host", "source", "survey", "check", "render", "schema"}},
 };
 
 // The rooms that know nothing of JSON.

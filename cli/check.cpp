@@ -1,0 +1,261 @@
+#include "cli/check.h"
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/check.h"
+#include "check/words.h"
+#include "cli/file_error.h"
+#include "cli/input.h"
+#include "cli/node_classes.h"
+#include "cli/output.h"
+#include "cli/rule_codes.h"
+#include "cli/terminal.h"
+#include "render/check_gcc.h"
+#include "render/check_github.h"
+#include "render/check_json.h"
+#include "render/check_sarif.h"
+#include "render/check_text.h"
+
+namespace qvgraph {
+
+namespace {
+
+const char* const DESCRIPTION =
+    "Find the mistakes in configurations, before they reach a device.\n"
+    "\n"
+    "Examples:\n"
+    "  qvgraph check pipes.json                        every finding, with its place\n"
+    "  qvgraph check --fail-on warning a.json b.json   warnings fail as well\n"
+    "  qvgraph check --ignore key-order pipes.json     without one rule\n"
+    "  qvgraph check --format sarif -o out.sarif *.json\n"
+    "  make-pipes | qvgraph check --stdin-filename pipes.json -\n"
+    "  qvgraph check --plugin ./libmine.so pipes.json  with classes of your own\n"
+    "\n"
+    "Errors: a device would abort, fail, or leave something out that is meant.\n"
+    "Warnings: it would go on with something else than is written. Notes: worth\n"
+    "knowing. \"qvgraph explain CODE\" explains a rule; a comment silences it for one\n"
+    "line:\n"
+    "  \"stream_input\": \"raw\"  // qvgraph: ignore[no-producer] comes over the bridge\n"
+    "\n"
+    "Formats: text; gcc, one finding a line; json; sarif, SARIF 2.1.0; github, the\n"
+    "annotations of a GitHub workflow.\n"
+    "\n"
+    "Exit codes: 0 nothing found; 1 findings as severe as --fail-on says; 2 wrong\n"
+    "usage, or a file that cannot be read or written (the others are reported).\n";
+
+const char* const STANDARD_INPUT = "-";
+
+struct Arguments {
+    std::vector<std::string> files;
+    std::string stdinName;
+    std::string format = "text";
+    std::string output;
+    std::string failOn = "error";
+    std::vector<std::string> select;
+    std::vector<std::string> ignore;
+    bool strict = false;
+    NodeClassArguments nodeClasses;
+    std::string colour = "auto";
+    bool quiet = false;
+};
+
+// What became of the files.
+struct Checked {
+    std::vector<CheckedFile> files;
+    bool readAll = true;
+};
+
+// Which codes the arguments leave.
+std::function<bool(std::string_view)> selectionOf(const Arguments& arguments) {
+    const Codes selected = codesIn("--select", arguments.select);
+    const Codes ignored = codesIn("--ignore", arguments.ignore);
+    return [selected, ignored](std::string_view code) {
+        return (selected.empty() || selected.count(code) != 0) && ignored.count(code) == 0;
+    };
+}
+
+// Nothing where it cannot be read, which is then told.
+std::optional<Input> readOrComplain(const Arguments& arguments, const std::string& path) {
+    try {
+        Input input = readInput(path);
+        if (path == STANDARD_INPUT && !arguments.stdinName.empty()) {
+            input.name = arguments.stdinName;
+        }
+        return input;
+    } catch (const FileError& error) {
+        complain(error.what());
+        return std::nullopt;
+    }
+}
+
+CheckedFile checkInput(const Arguments& arguments,
+                       const Input& input,
+                       const CheckRequest& request) {
+    CheckedFile file = checkConfiguration(input.name, input.text, request);
+    file.survey = {};  // of many files it would take much memory
+    if (arguments.strict) {
+        makeStrict(&file.findings);
+    }
+    return file;
+}
+
+Checked checkFiles(const Arguments& arguments, CheckRequest request) {
+    Checked checked;
+    Progress progress(!arguments.quiet);
+    request.progress = [&](size_t done, size_t total) { progress.show("pipe", done, total); };
+    for (const std::string& path : arguments.files) {
+        if (const auto input = readOrComplain(arguments, path)) {
+            checked.files.push_back(checkInput(arguments, *input, request));
+        } else {
+            checked.readAll = false;
+        }
+        progress.show("file", checked.files.size(), arguments.files.size());
+    }
+    return checked;
+}
+
+std::string render(const Arguments& arguments, const std::vector<CheckedFile>& files) {
+    std::ostringstream report;
+    if (arguments.format == "gcc") {
+        renderCheckGcc(report, files);
+    } else if (arguments.format == "json") {
+        renderCheckJson(report, files);
+    } else if (arguments.format == "sarif") {
+        renderCheckSarif(report, files, rules(), QVGRAPH_VERSION);
+    } else if (arguments.format == "github") {
+        renderCheckGithub(report, files);
+    } else {
+        const int descriptor = isStandardOutput(arguments.output) ? STDOUT_FILENO : -1;
+        renderCheckText(report, files, usesColour(arguments.colour, descriptor));
+    }
+    return report.str();
+}
+
+size_t countIn(const std::vector<CheckedFile>& files, Severity severity) {
+    size_t count = 0;
+    for (const CheckedFile& file : files) {
+        count += countOf(file.findings, severity);
+    }
+    return count;
+}
+
+// "3 errors, 1 warning and 2 notes in 2 files", "2 files, no findings".
+std::string summaryOf(const std::vector<CheckedFile>& files) {
+    std::vector<std::string> counts;
+    for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
+        if (const size_t count = countIn(files, severity)) {
+            counts.push_back(counted(count, toText(severity)));
+        }
+    }
+    const std::string where = counted(files.size(), "file");
+    return counts.empty() ? where + ", no findings" : listOf(counts) + " in " + where;
+}
+
+bool hasFailed(const Arguments& arguments, const std::vector<CheckedFile>& files) {
+    for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
+        if (countIn(files, severity) > 0) {
+            return true;
+        }
+        if (arguments.failOn == toText(severity)) {
+            return false;
+        }
+    }
+    return false;
+}
+
+// Where no file could be read there is nothing to report.
+ExitCode check(const Arguments& arguments, const CheckRequest& request) {
+    for (const std::string& file : arguments.files) {
+        if (isSameFile(file, arguments.output)) {
+            throw FileError("cannot write " + arguments.output + ": it is the configuration");
+        }
+    }
+    const Checked checked = checkFiles(arguments, request);
+    if (!checked.files.empty()) {
+        writeOutput(arguments.output, render(arguments, checked.files));
+        if (!arguments.quiet) {
+            complain(summaryOf(checked.files));
+        }
+    }
+    if (!checked.readAll) {
+        return ExitCode::Failed;
+    }
+    return hasFailed(arguments, checked.files) ? ExitCode::Findings : ExitCode::Clean;
+}
+
+void addInputOptions(CLI::App* verb, Arguments* arguments) {
+    verb->add_option("FILE", arguments->files, "The configurations; - is standard input")
+        ->required()
+        ->option_text("...");
+    verb->add_option(
+            "--stdin-filename", arguments->stdinName, "Report standard input under this name")
+        ->option_text("NAME");
+}
+
+void addReportOptions(CLI::App* verb, Arguments* arguments) {
+    verb->add_option(
+            "--format", arguments->format, "text (the default), gcc, json, sarif or github")
+        ->check(CLI::IsMember({"text", "gcc", "json", "sarif", "github"}))
+        ->option_text("FORMAT");
+    verb->add_option("-o,--output", arguments->output, "Write the report to this file")
+        ->option_text("FILE");
+    verb->add_option("--color", arguments->colour, "auto (the default), always or never")
+        ->check(CLI::IsMember({"auto", "always", "never"}))
+        ->option_text("WHEN");
+    verb->add_flag("-q,--quiet", arguments->quiet, "Nothing on standard error but errors");
+}
+
+void addCodes(CLI::App* verb,
+              const std::string& name,
+              std::vector<std::string>* codes,
+              const std::string& description) {
+    verb->add_option(name, *codes, description)
+        ->type_name("CODES")
+        ->option_text("CODES")
+        ->take_all()
+        ->allow_extra_args(false);
+}
+
+void addRuleOptions(CLI::App* verb, Arguments* arguments) {
+    verb->add_option("--fail-on",
+                     arguments->failOn,
+                     "What makes the exit code 1: error (the default), warning, note")
+        ->check(CLI::IsMember({"error", "warning", "note"}))
+        ->option_text("SEVERITY");
+    addCodes(
+        verb, "--select", &arguments->select, "Only these rules, separated by commas; repeatable");
+    addCodes(verb, "--ignore", &arguments->ignore, "Not these rules; repeatable");
+    verb->add_flag("--strict", arguments->strict, "Warnings are errors");
+}
+
+}  // namespace
+
+void addCheck(CLI::App* app, ExitCode* code) {
+    auto arguments = std::make_shared<Arguments>();
+    CLI::App* verb = app->add_subcommand("check", DESCRIPTION)->group("Verbs");
+    addInputOptions(verb, arguments.get());
+    addReportOptions(verb, arguments.get());
+    addRuleOptions(verb, arguments.get());
+    addNodeClassOptions(verb, &arguments->nodeClasses);
+    verb->callback([arguments, code] {
+        if (std::count(arguments->files.begin(), arguments->files.end(), STANDARD_INPUT) > 1) {
+            throw CLI::ValidationError("FILE", "standard input can be read once only");
+        }
+        CheckRequest request;
+        request.selects = selectionOf(*arguments);
+        provideNodeClasses(arguments->nodeClasses);
+        *code = check(*arguments, request);
+    });
+}
+
+}  // namespace qvgraph

@@ -1,0 +1,17 @@
+// qvgraph draw: draws a configuration.
+#ifndef QVGRAPH_CLI_DRAW_H_
+#define QVGRAPH_CLI_DRAW_H_
+
+#include <CLI/App.hpp>
+
+#include "cli/exit_code.h"
+
+namespace qvgraph {
+
+// Adds the verb to the command. When it was given, its exit code is in `*code`
+// after parsing. `code` must outlive the parsing. The verb throws FileError.
+void addDraw(CLI::App* app, ExitCode* code);
+
+}  // namespace qvgraph
+
+#endif  // QVGRAPH_CLI_DRAW_H_

@@ -1,0 +1,122 @@
+#include "cli/explain.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "check/check.h"
+#include "cli/output.h"
+#include "cli/rule_codes.h"
+#include "host/qv_host_task_node.h"
+#include "host/qv_node_registry.h"
+#include "render/explained_rule.h"
+#include "render/rules_markdown.h"
+#include "render/rules_text.h"
+
+namespace qvgraph {
+
+namespace {
+
+const char* const DESCRIPTION =
+    "Explain the rules of the check.\n"
+    "\n"
+    "Examples:\n"
+    "  qvgraph explain                         every rule, one a line\n"
+    "  qvgraph explain no-producer             one: what is wrong, and how to mend it\n"
+    "  qvgraph explain --format markdown       all of them, as a page\n"
+    "\n"
+    "Exit codes: 0; 2 for a code that there is not, or a file that cannot be written.\n";
+
+struct Arguments {
+    std::string code;
+    std::string format = "text";
+    std::string output;
+};
+
+QVTaskNodeBase* createNode(const _QVNodeInfo* /*info*/) {
+    return new QVStubTaskNode;
+}
+
+QVTaskNodeBase* createNothing(const _QVNodeInfo* /*info*/) {
+    return nullptr;
+}
+
+// The node classes that an example asks for, as long as it is checked.
+class ExampleClasses {
+public:
+    explicit ExampleClasses(const RuleExample& example) : mExample(example) {
+        QVNodeRegistry& registry = QVNodeRegistry::instance();
+        registry.setStub(example.stub);
+        for (const ExampleClass& each : example.classes) {
+            registry.registerClass({each.name,
+                                    each.makesNode ? createNode : createNothing,
+                                    each.inputs,
+                                    each.outputs});
+        }
+    }
+    ~ExampleClasses() {
+        for (const ExampleClass& each : mExample.classes) {
+            QVNodeRegistry::instance().unregisterClass(each.name);
+        }
+    }
+
+    // Stands for its scope.
+    ExampleClasses(const ExampleClasses&) = delete;
+    ExampleClasses& operator=(const ExampleClasses&) = delete;
+
+private:
+    const RuleExample& mExample;
+};
+
+ExplainedRule explained(const Rule& rule) {
+    const ExampleClasses classes(rule.example);
+    return {&rule, checkConfiguration("example.json", std::string(rule.example.wrong), {})};
+}
+
+std::string explainOne(const Arguments& arguments) {
+    const ExplainedRule rule = explained(ruleOf("CODE", arguments.code));
+    std::ostringstream report;
+    if (arguments.format == "markdown") {
+        renderRuleMarkdown(report, rule);
+    } else {
+        renderRuleText(report, rule);
+    }
+    return report.str();
+}
+
+std::string explainAll(const Arguments& arguments) {
+    std::ostringstream report;
+    if (arguments.format == "markdown") {
+        std::vector<ExplainedRule> all;
+        for (const Rule& rule : rules()) {
+            all.push_back(explained(rule));
+        }
+        renderRulesMarkdown(report, all);
+    } else {
+        renderRuleListText(report, rules());
+    }
+    return report.str();
+}
+
+}  // namespace
+
+void addExplain(CLI::App* app, ExitCode* code) {
+    auto arguments = std::make_shared<Arguments>();
+    CLI::App* verb = app->add_subcommand("explain", DESCRIPTION)->group("Verbs");
+    CLI::Option* rule =
+        verb->add_option("CODE", arguments->code, "The code of a rule; without one, all of them")
+            ->option_text(" ");
+    verb->add_option("--format", arguments->format, "text (the default) or markdown")
+        ->check(CLI::IsMember({"text", "markdown"}))
+        ->option_text("FORMAT");
+    verb->add_option("-o,--output", arguments->output, "Write to this file")->option_text("FILE");
+    verb->callback([arguments, code, rule] {
+        writeOutput(arguments->output,
+                    rule->count() == 0 ? explainAll(*arguments) : explainOne(*arguments));
+        *code = ExitCode::Clean;
+    });
+}
+
+}  // namespace qvgraph

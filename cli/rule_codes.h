@@ -1,0 +1,25 @@
+// Codes of rules as arguments.
+#ifndef QVGRAPH_CLI_RULE_CODES_H_
+#define QVGRAPH_CLI_RULE_CODES_H_
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "check/rule.h"
+
+namespace qvgraph {
+
+// The rule of a code. Throws CLI::ValidationError for one that there is not,
+// naming `argument` and the nearest code.
+const Rule& ruleOf(const std::string& argument, const std::string& code);
+
+using Codes = std::set<std::string, std::less<>>;
+
+// The codes in values such as "no-producer,cycle". Throws as ruleOf() does.
+Codes codesIn(const std::string& argument, const std::vector<std::string>& values);
+
+}  // namespace qvgraph
+
+#endif  // QVGRAPH_CLI_RULE_CODES_H_

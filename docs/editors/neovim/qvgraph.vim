@@ -1,0 +1,3 @@
+" :make checks the configuration in the buffer; :copen lists what is found.
+setlocal makeprg=qvgraph\ check\ --quiet\ --format\ gcc\ %:S
+setlocal errorformat=%f:%l:%c:\ %trror:\ %m,%f:%l:%c:\ %tarning:\ %m,%f:%l:%c:\ %tote:\ %m

@@ -1,0 +1,384 @@
+#include "source/hint.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace qvgraph {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+// Letters of other alphabets are more than one byte, of 0x80 and above.
+bool isLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == '$' ||
+           static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool isWordCharacter(char c) {
+    return isLetter(c) || isDigit(c);
+}
+
+// What stands where scanning stopped.
+struct Found {
+    explicit Found(const Stop& stop)
+        : before(stop.text.substr(stop.begin, stop.byte - stop.begin)),
+          text(stop.text.substr(stop.byte)) {}
+
+    bool atEnd() const { return text.empty(); }
+
+    // Not at the end, for these.
+    char first() const { return text[0]; }
+    bool beginsWith(std::string_view what) const { return text.substr(0, what.size()) == what; }
+    bool isOneOf(std::string_view what) const { return what.find(first()) != what.npos; }
+    bool beginsWord() const { return isLetter(first()); }
+    bool beginsNumber() const { return isDigit(first()) || first() == '-'; }
+    bool beginsFraction() const { return first() == '.' && text.size() > 1 && isDigit(text[1]); }
+    bool beginsValue() const { return isOneOf("\"{[") || beginsNumber() || beginsWord(); }
+
+    bool isRightBehind(char c) const { return !before.empty() && before.back() == c; }
+    bool isRightBehindWord() const { return !before.empty() && isWordCharacter(before.back()); }
+
+    // Behind the number 0, not behind one that ends with it.
+    bool isRightBehindZero() const {
+        return isRightBehind('0') &&
+               (before.size() == 1 || !isWordCharacter(before[before.size() - 2]));
+    }
+
+    std::string_view before;
+    std::string_view text;
+};
+
+// ---- Words and odd characters -----------------------------------------------
+
+// What a text begins with that was meant as a word, in lower case.
+std::string wordIn(std::string_view text) {
+    const auto* const end = std::find_if_not(text.begin(), text.end(), isWordCharacter);
+    std::string word(text.begin(), end);
+    std::transform(word.begin(), word.end(), word.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return word;
+}
+
+// A word that stands where a value is awaited, or that begins as one does.
+std::string hintForWord(const std::string& word) {
+    for (const std::string meant : {"true", "false", "null"}) {
+        if (word.size() > 1 && meant.compare(0, word.size(), word) == 0) {
+            return "write " + meant;
+        }
+    }
+    if (word == "none" || word == "nil" || word == "undefined") {
+        return "write null";
+    }
+    if (word == "nan" || word == "inf" || word == "infinity") {
+        return "write a number: JSON has no NaN and no Infinity";
+    }
+    return "put the text in double quotes";
+}
+
+struct OddCharacter {
+    std::string_view bytes;
+    const char* hint;
+};
+
+const char* const PLAIN_QUOTE = "write the plain double quote in place of this one";
+
+// What does not belong between tokens, wherever it stands there.
+const OddCharacter ODD_CHARACTERS[] = {
+    {"'", "write double quotes in place of single ones"},
+    {"`", "write double quotes in place of backticks"},
+    {"#", "begin a comment with // in place of #"},
+    {"*/", "remove this */: comments do not nest"},
+    {{"\0", 1}, "remove this NUL byte"},
+    {"\u201c", PLAIN_QUOTE},
+    {"\u201d", PLAIN_QUOTE},
+    {"\u201e", PLAIN_QUOTE},
+    {"\u2018", PLAIN_QUOTE},
+    {"\u2019", PLAIN_QUOTE},
+    {"\u201a", PLAIN_QUOTE},
+    {"\u00ab", PLAIN_QUOTE},
+    {"\u00bb", PLAIN_QUOTE},
+    {"\uff0c", "write the plain comma in place of this one"},
+    {"\uff1a", "write the plain colon in place of this one"},
+    {"\u00a0", "write a plain space in place of this no-break space"},
+    {"\u200b", "remove this invisible character"},
+    {"\ufeff", "remove this invisible character"},
+};
+
+std::string hintForOddCharacter(const Found& found) {
+    if (found.before.empty()) {
+        if (found.beginsWith("\ufeff")) {
+            return "remove the byte-order mark";
+        }
+        if (found.beginsWith("\xff\xfe") || found.beginsWith("\xfe\xff")) {
+            return "save the text as UTF-8";
+        }
+    }
+    for (const OddCharacter& odd : ODD_CHARACTERS) {
+        if (found.beginsWith(odd.bytes)) {
+            return odd.hint;
+        }
+    }
+    return "";
+}
+
+// What follows a string or a word without a blank was meant to belong to it.
+std::string hintForTail(const Found& found) {
+    if (found.isRightBehind('"') && found.beginsWord()) {
+        return "write \\\" for a double quote within a string";
+    }
+    if (!found.isRightBehindWord()) {
+        return "";
+    }
+    if (found.isRightBehindZero() && found.isOneOf("xX")) {
+        return "write the number in decimal digits";
+    }
+    if (found.beginsWord() || found.isOneOf(".:+-")) {
+        return "put the text in double quotes";
+    }
+    return "";
+}
+
+// ---- Between tokens ---------------------------------------------------------
+
+std::string hintForEnd(Awaited awaited) {
+    switch (awaited) {
+        case Awaited::Document:
+            return "write an object, at least {}";
+        case Awaited::FirstElement:
+        case Awaited::ElementEnd:
+            return "close the array with ]";
+        case Awaited::NextElement:
+            return "write ] in place of the comma";
+        case Awaited::FirstKey:
+        case Awaited::MemberEnd:
+            return "close the object with }";
+        case Awaited::NextKey:
+            return "write } in place of the comma";
+        case Awaited::Colon:
+            return "write a colon and a value behind the key";
+        default:
+            return "write a value behind the colon";
+    }
+}
+
+// A bracket stands where an element was awaited.
+std::string hintForElement(const Found& found, bool first) {
+    if (found.first() == ']') {
+        return "remove the comma before this bracket";
+    }
+    return first ? "close the array with ] here" : "write ] in place of the comma";
+}
+
+// A value has to stand here.
+std::string hintForValue(const Found& found, Awaited awaited) {
+    if (found.beginsWord()) {
+        return hintForWord(wordIn(found.text));
+    }
+    if (found.beginsFraction()) {
+        return "write a 0 before the point";
+    }
+    switch (found.first()) {
+        case '+':
+            return "remove the plus sign";
+        case ':':
+            return "remove this colon";
+        case ',':
+            return awaited == Awaited::MemberValue ? "write a value behind the colon"
+                                                   : "remove this comma";
+        case ']':
+        case '}':
+            break;
+        default:
+            return "";
+    }
+    if (awaited == Awaited::MemberValue) {
+        return "write a value behind the colon";
+    }
+    if (awaited == Awaited::Document) {
+        return "remove this bracket: nothing is open";
+    }
+    return hintForElement(found, awaited == Awaited::FirstElement);
+}
+
+// A key has to stand here.
+std::string hintForKey(const Found& found, bool first) {
+    switch (found.first()) {
+        case '}':
+            return "remove the comma before this bracket";
+        case ']':
+            return first ? "close the object with } here" : "write } in place of the comma";
+        case ',':
+            return "remove this comma";
+        case ':':
+            return "write a key in double quotes before the colon";
+        case '{':
+        case '[':
+            return "write a key and a colon before this value";
+        default:
+            return found.beginsWord() || found.beginsNumber() ? "put the key in double quotes" : "";
+    }
+}
+
+std::string hintForColon(const Found& found) {
+    if (found.isOneOf(",}]")) {
+        return "write a colon and a value behind the key";
+    }
+    if (found.first() == '=') {
+        return "write a colon in place of the equals sign";
+    }
+    if (found.first() == ';') {
+        return "write a colon in place of the semicolon";
+    }
+    return found.beginsValue() ? "write a colon between the key and its value" : "";
+}
+
+std::string hintForElementEnd(const Found& found) {
+    switch (found.first()) {
+        case '}':
+            return "close the array with ] here";
+        case ':':
+            return "write { and } around members in place of [ and ]";
+        case ';':
+            return "write a comma in place of the semicolon";
+        default:
+            return found.beginsValue() ? "write a comma before this value" : "";
+    }
+}
+
+std::string hintForMemberEnd(const Found& found) {
+    if (found.first() == ']') {
+        return "close the object with } here";
+    }
+    if (found.first() == ';') {
+        return "write a comma in place of the semicolon";
+    }
+    if (found.first() == '"' || found.beginsWord()) {
+        return "write a comma before this key";
+    }
+    return found.beginsValue() ? "write a comma and a key before this value" : "";
+}
+
+std::string hintForTrailing(const Found& found) {
+    if (found.isOneOf("]}")) {
+        return "remove this bracket: nothing is open";
+    }
+    if (found.first() == ':' && found.isRightBehind('"')) {
+        return "write { and } around the members";
+    }
+    return "remove what follows the document";
+}
+
+std::string hintBetweenTokens(const Stop& stop) {
+    const Found found(stop);
+    if (found.atEnd()) {
+        return hintForEnd(stop.awaited);
+    }
+    std::string hint = hintForOddCharacter(found);
+    if (hint.empty()) {
+        hint = hintForTail(found);
+    }
+    if (!hint.empty()) {
+        return hint;
+    }
+    switch (stop.awaited) {
+        case Awaited::FirstKey:
+        case Awaited::NextKey:
+            return hintForKey(found, stop.awaited == Awaited::FirstKey);
+        case Awaited::Colon:
+            return hintForColon(found);
+        case Awaited::ElementEnd:
+            return hintForElementEnd(found);
+        case Awaited::MemberEnd:
+            return hintForMemberEnd(found);
+        case Awaited::End:
+            return hintForTrailing(found);
+        default:
+            return hintForValue(found, stop.awaited);
+    }
+}
+
+// ---- Within a token ---------------------------------------------------------
+
+std::string hintForSign(const Found& found) {
+    if (!found.atEnd() && found.beginsFraction()) {
+        return "write a 0 before the point";
+    }
+    if (!found.atEnd() && found.beginsWord()) {
+        return hintForWord(wordIn(found.text));
+    }
+    return "write a digit behind the minus sign";
+}
+
+// A control character, or a string without an end.
+std::string hintForString(const Found& found) {
+    if (found.atEnd()) {
+        return "close the string with \"";
+    }
+    if (found.isOneOf("\n\r")) {
+        return "close the string on its line, or write \\n for a new line";
+    }
+    if (found.first() == '\t') {
+        return "write \\t for a tab";
+    }
+    char hint[64];
+    const unsigned byte = static_cast<unsigned char>(found.first());
+    std::snprintf(hint, sizeof(hint), "write \\u%04x for this control character", byte);
+    return hint;
+}
+
+std::string hintForEscape(const Found& found) {
+    if (found.atEnd() || found.isOneOf("\n\r")) {
+        return hintForString(found);
+    }
+    if (found.first() == '\'') {
+        return "write ' without a backslash";
+    }
+    if (found.first() == 'x') {
+        return "write \\u00 in place of \\x";
+    }
+    return "write \\\\ for a backslash";
+}
+
+std::string hintForHexDigit(const Found& found) {
+    if (found.atEnd() || found.isOneOf("\n\r")) {
+        return hintForString(found);
+    }
+    return "write four hexadecimal digits behind \\u, or \\\\ for a backslash";
+}
+
+}  // namespace
+
+std::string hintFor(const Stop& stop) {
+    switch (stop.awaited) {
+        case Awaited::Letter:
+            return hintForWord(wordIn(stop.text.substr(stop.token)));
+        case Awaited::IntegerDigit:
+            return hintForSign(Found(stop));
+        case Awaited::NoMoreDigit:
+            return "remove the leading zero";
+        case Awaited::FractionDigit:
+            return "write a digit behind the point";
+        case Awaited::ExponentDigit:
+            return "write a digit in the exponent";
+        case Awaited::Character:
+            return hintForString(Found(stop));
+        case Awaited::Escape:
+            return hintForEscape(Found(stop));
+        case Awaited::HexDigit:
+            return hintForHexDigit(Found(stop));
+        case Awaited::CommentStart:
+            return "begin a comment with // or /*";
+        case Awaited::CommentEnd:
+            return "close the comment with */";
+        case Awaited::Shallower:
+            return "put at most 200 objects and arrays around a value";
+        default:
+            return hintBetweenTokens(stop);
+    }
+}
+
+}  // namespace qvgraph

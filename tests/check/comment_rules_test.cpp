@@ -1,0 +1,224 @@
+// Comments that silence findings.
+#include <string>
+
+#include "tests/check/check_test.h"
+
+namespace {
+
+using CommentRulesTest = CheckTest;
+
+// ---- What is silenced -------------------------------------------------------
+
+TEST_F(CommentRulesTest, ACommentAtTheEndOfALineSilencesThatLine) {
+    AssertPipe(R"("threads": 4, // qvgraph: ignore[unknown-key] of the old firmware
+"default_mode_link": "sync")",
+               "");
+}
+
+TEST_F(CommentRulesTest, ACommentOnALineOfItsOwnSilencesTheNext) {
+    AssertPipe(R"(// qvgraph: ignore[unknown-key] of the old firmware
+"threads": 4)",
+               "");
+}
+
+TEST_F(CommentRulesTest, BlockCommentsDoTheSame) {
+    AssertPipe(R"("threads": 4 /* qvgraph: ignore[unknown-key] */)", "");
+    AssertPipe(R"(/* qvgraph: ignore[unknown-key] */ "threads": 4)", "");
+    AssertPipe(R"(/* qvgraph: ignore[unknown-key]
+   of the old firmware */
+"threads": 4)",
+               "");
+    AssertPipe(R"(/* qvgraph: ignore[unknown-key]
+   of the old firmware */ "threads": 4)",
+               "");
+}
+
+TEST_F(CommentRulesTest, NotesAreSilencedToo) {
+    AssertPipe(R"("executor_0": {} // qvgraph: ignore[executor-without-options] as it is)", "");
+}
+
+TEST_F(CommentRulesTest, EmptyLinesAreNoNextLine) {
+    AssertPipe("// qvgraph: ignore[unknown-key]\r\n\r\n \t\r\n\"threads\": 4", "");
+}
+
+TEST_F(CommentRulesTest, SeveralCodesAreSeparatedByCommas) {
+    AssertPipe(
+        R"("executor_0": {}, "threads": 4 // qvgraph: ignore[unknown-key,executor-without-options])",
+        "");
+}
+
+TEST_F(CommentRulesTest, BlanksAreNoMatter) {
+    AssertPipe("\"threads\": 4 //qvgraph: \t ignore [ unknown-key\t, ]no reason", "");
+    AssertPipe("\"threads\": 4 /**\n * qvgraph: ignore[unknown-key]*/", "");
+    AssertPipe(R"("threads": 4 /// qvgraph: ignore[unknown-key])", "");
+}
+
+TEST_F(CommentRulesTest, CommentsOnLinesOfTheirOwnAddUp) {
+    AssertPipe(R"(// qvgraph: ignore[unknown-key] of the old firmware
+/* qvgraph: ignore[executor-without-options] as it is */
+
+// qvgraph: ignore[link-mode-not-text] as it was
+"executor_0": {}, "threads": 4, "default_mode_link": 1)",
+               "");
+}
+
+TEST_F(CommentRulesTest, EveryFindingOfTheLineIsSilenced) {
+    AssertPipe(R"("a": 1, "b": 2, "c": 3 // qvgraph: ignore[unknown-key] generated)", "");
+}
+
+TEST_F(CommentRulesTest, OnlyWhatStartsOnTheLineIsSilenced) {
+    AssertPipe(
+        R"("a": 1,
+"b": 2, // qvgraph: ignore[unknown-key]
+"c": 3)",
+        R"(2:1-2:4 warning unknown-key /pipe_0/a: 'a' is no key of a pipe: a device ignores it
+  hint: remove it; "thread_opts", "default_mode_link", 'executor_<e>', 'link_<l>' and 'node_<n>' are known here
+4:1-4:4 warning unknown-key /pipe_0/c: 'c' is no key of a pipe: a device ignores it
+  hint: remove it; "thread_opts", "default_mode_link", 'executor_<e>', 'link_<l>' and 'node_<n>' are known here
+)");
+}
+
+TEST_F(CommentRulesTest, OnlyTheCodeIsSilenced) {
+    AssertPipe(
+        R"("executor_0": {}, "threads": 4 // qvgraph: ignore[unknown-key])",
+        R"(2:1-2:13 note executor-without-options /pipe_0/executor_0: 'executor_0' has no "executor_opts": a device copies nothing for it
+  hint: add "executor_opts": {...} if it is meant to have options
+)");
+}
+
+// ---- unused-ignore ----------------------------------------------------------
+
+TEST_F(CommentRulesTest, ACommentThatSilencesNothingIsTold) {
+    AssertPipe(R"("default_mode_link": "sync" // qvgraph: ignore[unknown-key] once)",
+               R"(2:48-2:59 warning unused-ignore : no 'unknown-key' is found on this line
+  hint: remove it
+)");
+    AssertPipe(R"(// qvgraph: ignore[unknown-key] once
+"default_mode_link": "sync")",
+               R"(2:20-2:31 warning unused-ignore : no 'unknown-key' is found on the line below
+  hint: remove it
+)");
+}
+
+TEST_F(CommentRulesTest, EachCodeThatSilencesNothingIsTold) {
+    AssertPipe(R"("threads": 4 // qvgraph: ignore[thread-count, unknown-key, invalid-utf8])",
+               R"(2:33-2:45 warning unused-ignore : no 'thread-count' is found on this line
+  hint: remove it
+2:60-2:72 warning unused-ignore : no 'invalid-utf8' is found on this line
+  hint: remove it
+)");
+}
+
+TEST_F(CommentRulesTest, ACommentBelowIsTooLate) {
+    AssertPipe(
+        R"("threads": 4
+// qvgraph: ignore[unknown-key])",
+        R"(2:1-2:10 warning unknown-key /pipe_0/threads: 'threads' is no key of a pipe: a device ignores it
+  hint: remove it; "thread_opts", "default_mode_link", 'executor_<e>', 'link_<l>' and 'node_<n>' are known here
+3:20-3:31 warning unused-ignore : no 'unknown-key' is found on the line below
+  hint: remove it
+)");
+}
+
+TEST_F(CommentRulesTest, BehindTheLastLineThereIsNothing) {
+    AssertFinds("{\"pipe_0\": {}}\n// qvgraph: ignore[unknown-key]",
+                R"(2:20-2:31 warning unused-ignore : no 'unknown-key' is found on the line below
+  hint: remove it
+)");
+}
+
+TEST_F(CommentRulesTest, AnotherCommentIsANextLine) {
+    AssertPipe(R"(// qvgraph: ignore[unknown-key]
+// of the old firmware
+"threads": 4)",
+               R"(2:20-2:31 warning unused-ignore : no 'unknown-key' is found on the line below
+  hint: remove it
+4:1-4:10 warning unknown-key /pipe_0/threads: 'threads' is no key of a pipe: a device ignores it
+  hint: remove it; "thread_opts", "default_mode_link", 'executor_<e>', 'link_<l>' and 'node_<n>' are known here
+)");
+}
+
+TEST_F(CommentRulesTest, ErrorsAreNeverSilenced) {
+    AssertFinds(
+        R"({"Pipe_0": {}} // qvgraph: ignore[pipe-not-addressable])",
+        R"(1:2-1:10 error pipe-not-addressable /Pipe_0: 'Pipe_0' counts as a pipe, but no index leads to it
+  hint: rename it to 'pipe_0'
+1:35-1:55 warning unused-ignore : 'pipe-not-addressable' is an error, and no error is silenced
+  hint: remove it, and correct what is found
+)");
+}
+
+TEST_F(CommentRulesTest, ACodeThatDoesNotExistIsTold) {
+    AssertPipe(
+        R"("threads": 4 // qvgraph: ignore[unknown-keys, W12])",
+        R"(2:1-2:10 warning unknown-key /pipe_0/threads: 'threads' is no key of a pipe: a device ignores it
+  hint: remove it; "thread_opts", "default_mode_link", 'executor_<e>', 'link_<l>' and 'node_<n>' are known here
+2:33-2:45 warning unused-ignore : there is no rule 'unknown-keys'
+  hint: write 'unknown-key'
+2:47-2:50 warning unused-ignore : there is no rule 'W12'
+  hint: remove it
+)");
+}
+
+TEST_F(CommentRulesTest, ACommentThatIsNotWrittenSoIsTold) {
+    for (const char* comment : {"// qvgraph: ignore",
+                                "// qvgraph: ignore unknown-key",
+                                "// qvgraph: ignore[]",
+                                "// qvgraph: ignore[ , ]",
+                                "// qvgraph: ignore[unknown-key",
+                                "// qvgraph:ignore[unknown-key]",
+                                "// qvgraph : ignore[unknown-key]",
+                                "// QVGraph: ignore[unknown-key]",
+                                "// qvgraph: Ignore[unknown-key]",
+                                "// qvgraph: ignore(unknown-key)",
+                                "/* qvgraph: ignore */"}) {
+        AssertFinds("{\"pipe_0\": {}}\n" + std::string(comment),
+                    "2:1-2:" + std::to_string(1 + std::string(comment).size()) +
+                        " warning unused-ignore : this comment names no rule, and silences "
+                        "nothing\n  hint: write \"qvgraph: ignore[code] reason\"\n");
+    }
+}
+
+TEST_F(CommentRulesTest, OtherCommentsAreLeftAlone) {
+    for (const char* comment : {"//",
+                                "/**/",
+                                "// qvgraph",
+                                "// qvgraph: the door",
+                                "// ignore[unknown-key]",
+                                "// qvgraph ignores this",
+                                "// qvgraph: ignores this",
+                                "// see qvgraph: ignore[code]",
+                                "// qvgraph: ignoreX[unknown-key]"}) {
+        AssertFinds("{\"pipe_0\": {}}\n" + std::string(comment), "");
+    }
+}
+
+TEST_F(CommentRulesTest, ACommentThatSilencesNothingCanBeSilenced) {
+    AssertPipe(
+        R"("default_mode_link": "sync" // qvgraph: ignore[unknown-key, unused-ignore] on some devices)",
+        "");
+    AssertPipe(R"("default_mode_link": "sync" // qvgraph: ignore[unused-ignore])",
+               R"(2:48-2:61 warning unused-ignore : no 'unused-ignore' is found on this line
+  hint: remove it
+)");
+}
+
+TEST_F(CommentRulesTest, NothingIsToldWhereTheTextIsNotJson) {
+    EXPECT_EQ(CodesIn("// qvgraph: ignore[unknown-key]\n{"), "syntax");
+}
+
+TEST_F(CommentRulesTest, ACodeThatIsNotAskedForIsNotTold) {
+    qvgraph::CheckRequest request;
+    request.selects = [](std::string_view code) { return code != "unknown-key"; };
+    const std::string text = R"({"pipe_0": {}} // qvgraph: ignore[unknown-key])";
+    EXPECT_TRUE(qvgraph::checkConfiguration("test.json", text, request).findings.empty());
+}
+
+TEST_F(CommentRulesTest, ACommentOfACodeThatIsNotAskedForSilencesStill) {
+    qvgraph::CheckRequest request;
+    request.selects = [](std::string_view code) { return code == "unused-ignore"; };
+    const std::string text = R"({"pipe_0": {"threads": 4}} // qvgraph: ignore[unknown-key])";
+    EXPECT_TRUE(qvgraph::checkConfiguration("test.json", text, request).findings.empty());
+}
+
+}  // namespace

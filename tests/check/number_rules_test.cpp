@@ -1,0 +1,377 @@
+// Numbers in options: those that are stored as others than are written, and
+// those that are stored as texts.
+#include <string>
+
+#include "tests/check/check_test.h"
+
+namespace {
+
+class NumberRulesTest : public CheckTest {
+protected:
+    // Expects a link's option "k" with this value, in JSON, to have one finding
+    // of a code, with this message and this hint.
+    static void AssertFinding(const std::string& code,
+                              const std::string& value,
+                              const std::string& message,
+                              const std::string& hint) {
+        const std::string severity = toText(qvgraph::findRule(code)->severity);
+        const std::string end = std::to_string(17 + value.size());
+        std::string finding = "2:17-2:" + end;
+        finding += ' ' + severity + ' ' + code + " /pipe_0/link_0/k: 'k' is stored as " + message;
+        AssertPipe(R"("link_0": {"k": )" + value + '}', finding + "\n  hint: " + hint + '\n');
+    }
+
+    static void AssertTypedValue(const std::string& text,
+                                 const std::string& message,
+                                 const std::string& hint) {
+        AssertFinding("typed-value", '"' + text + '"', message, hint);
+    }
+
+    static void AssertTypeWord(const std::string& text, const std::string& hint) {
+        const std::string word = text.substr(0, text.find(':'));
+        AssertFinding("type-word",
+                      '"' + text + '"',
+                      "the text '" + text + "': '" + word + "' is no type word",
+                      hint);
+    }
+
+    static void AssertNumberLost(const std::string& number,
+                                 const std::string& message,
+                                 const std::string& hint) {
+        AssertFinding("number-lost", number, message, hint);
+    }
+
+    static void AssertNarrowed(const std::string& number,
+                               const std::string& stored,
+                               const std::string& hint) {
+        AssertFinding(
+            "double-narrowed",
+            "\"double:" + number + '"',
+            stored + ": a \"double:\" is kept as a float, which cannot hold '" + number + '\'',
+            hint);
+    }
+
+    static void AssertSilent(const std::string& text) {
+        AssertPipe(R"("link_0": {"k": ")" + text + "\"}", "");
+    }
+};
+
+const char* const INT32_RANGE = "write a whole number from -2147483648 to 2147483647";
+const char* const INT64_RANGE =
+    "write a whole number from -9223372036854775808 to 9223372036854775807";
+const char* const FLOAT_RANGE = "write 0, or a number of a size from 1.2e-38 to 3.4e38";
+
+// ---- typed-value -------------------------------------------------------------
+
+TEST_F(NumberRulesTest, WhatStandsBehindANumberIsIgnored) {
+    AssertPipe(R"("link_0": {"timeout": "int32:12ms"})",
+               "2:23-2:35 warning typed-value /pipe_0/link_0/timeout: "
+               "'timeout' is stored as 12: 'ms' behind the number in 'int32:12ms' is ignored\n"
+               "  hint: write \"int32:12\"\n");
+    AssertTypedValue(
+        "int32: 5 6", "5: ' 6' behind the number in 'int32: 5 6' is ignored", R"(write "int32:5")");
+    AssertTypedValue(
+        "int64:5L", "5: 'L' behind the number in 'int64:5L' is ignored", R"(write "int64:5")");
+    AssertTypedValue("float:1.5f",
+                     "1.5: 'f' behind the number in 'float:1.5f' is ignored",
+                     R"(write "float:1.5")");
+    AssertTypedValue("double:50%",
+                     "50.0: '%' behind the number in 'double:50%' is ignored",
+                     R"(write "double:50")");
+}
+
+TEST_F(NumberRulesTest, AThirdPartIsIgnored) {
+    AssertTypedValue(
+        "int32:7:9", "7: ':9' behind the number in 'int32:7:9' is ignored", R"(write "int32:7")");
+    AssertTypedValue("float:16:9",
+                     "16.0: ':9' behind the number in 'float:16:9' is ignored",
+                     R"(write "float:16")");
+    AssertTypedValue(
+        "int64:7:", "7: ':' behind the number in 'int64:7:' is ignored", R"(write "int64:7")");
+}
+
+TEST_F(NumberRulesTest, AnInt32IsDecimal) {
+    AssertTypedValue("int32:0x10",
+                     "0: 'x10' behind the number in 'int32:0x10' is ignored",
+                     R"(write "int64:0x10", or "int32:16")");
+    AssertTypedValue("int32:0xFFFFFFFF",
+                     "0: 'xFFFFFFFF' behind the number in 'int32:0xFFFFFFFF' is ignored",
+                     R"(write "int64:0xFFFFFFFF", or "int64:4294967295")");
+}
+
+TEST_F(NumberRulesTest, AWholeNumberHasNoFractionAndNoExponent) {
+    AssertTypedValue(
+        "int32:3.7", "3: '.7' behind the number in 'int32:3.7' is ignored", R"(write "float:3.7")");
+    AssertTypedValue("int32:1e3",
+                     "1: 'e3' behind the number in 'int32:1e3' is ignored",
+                     R"(write "int32:1000")");
+    AssertTypedValue("int32:3e9",
+                     "3: 'e9' behind the number in 'int32:3e9' is ignored",
+                     R"(write "int64:3000000000")");
+    AssertTypedValue(
+        "int64:2.0", "2: '.0' behind the number in 'int64:2.0' is ignored", R"(write "int64:2")");
+    AssertTypedValue(
+        "int64:1e300", "1: 'e300' behind the number in 'int64:1e300' is ignored", INT64_RANGE);
+}
+
+TEST_F(NumberRulesTest, AZeroInFrontMakesAnInt64Octal) {
+    AssertTypedValue("int64:09",
+                     "0: '9' behind the number in 'int64:09' is ignored",
+                     R"(write "int64:9": a 0 in front makes a number octal)");
+}
+
+TEST_F(NumberRulesTest, ADecimalCommaIsNone) {
+    AssertTypedValue("float:1,5",
+                     "1.0: ',5' behind the number in 'float:1,5' is ignored",
+                     R"(write "float:1.5")");
+    AssertTypedValue("float:1,5,7",
+                     "1.0: ',5,7' behind the number in 'float:1,5,7' is ignored",
+                     R"(write "float:1")");
+}
+
+TEST_F(NumberRulesTest, WithoutDigitsThereIsNoNumber) {
+    AssertTypedValue("int32:abc",
+                     "0: 'abc' in 'int32:abc' is no number",
+                     R"(write a number behind "int32:"; a text has to begin otherwise)");
+    AssertTypedValue("int64:-",
+                     "0: '-' in 'int64:-' is no number",
+                     R"(write a number behind "int64:"; a text has to begin otherwise)");
+    AssertTypedValue("float:.",
+                     "0.0: '.' in 'float:.' is no number",
+                     R"(write a number behind "float:"; a text has to begin otherwise)");
+    AssertTypedValue("double:high:2",
+                     "0.0: 'high' in 'double:high:2' is no number",
+                     R"(write a number behind "double:"; a text has to begin otherwise)");
+}
+
+TEST_F(NumberRulesTest, AWordCanBeginLikeANumber) {
+    AssertTypedValue("float:information",
+                     "inf: 'ormation' behind the number in 'float:information' is ignored",
+                     R"(write a number behind "float:"; a text has to begin otherwise)");
+}
+
+TEST_F(NumberRulesTest, AnEmptyValueIsZero) {
+    AssertTypedValue("int32:",
+                     "0: the value in 'int32:' is empty",
+                     R"(write a number behind "int32:"; a text has to begin otherwise)");
+    AssertTypedValue("float: ",
+                     "0.0: the value in 'float: ' is empty",
+                     R"(write a number behind "float:"; a text has to begin otherwise)");
+    AssertTypedValue("int64::5",
+                     "0: the value in 'int64::5' is empty",
+                     R"(write a number behind "int64:"; a text has to begin otherwise)");
+}
+
+TEST_F(NumberRulesTest, ATypeWordAloneIsZero) {
+    AssertTypedValue("float",
+                     "0.0: 'float' alone is a type word, not a text",
+                     R"(write a number behind "float:"; a text has to begin otherwise)");
+    AssertTypedValue("int64",
+                     "0: 'int64' alone is a type word, not a text",
+                     R"(write a number behind "int64:"; a text has to begin otherwise)");
+}
+
+TEST_F(NumberRulesTest, AnInt32EndsAtItsLimits) {
+    AssertTypedValue("int32:2147483648",
+                     "2147483647: '2147483648' does not fit an int32",
+                     R"(write "int64:2147483648")");
+    AssertTypedValue("int32:-2147483649",
+                     "-2147483648: '-2147483649' does not fit an int32",
+                     R"(write "int64:-2147483649")");
+    AssertTypedValue("int32:99999999999999999999",
+                     "2147483647: '99999999999999999999' does not fit an int32",
+                     INT32_RANGE);
+    // Behind "int64:" it would be octal.
+    AssertTypedValue(
+        "int32:03000000000", "2147483647: '03000000000' does not fit an int32", INT32_RANGE);
+    AssertSilent("int32:2147483647");
+    AssertSilent("int32:-2147483648");
+}
+
+TEST_F(NumberRulesTest, AnInt64Wraps) {
+    AssertTypedValue("int64:9223372036854775808",
+                     "-9223372036854775808: '9223372036854775808' does not fit an int64",
+                     R"(write "int64:-9223372036854775808" if these 64 bits are meant)");
+    AssertTypedValue("int64:0xffffffffffffffff",
+                     "-1: '0xffffffffffffffff' does not fit an int64",
+                     R"(write "int64:-1" if these 64 bits are meant)");
+    AssertTypedValue("int64:18446744073709551616",
+                     "-1: '18446744073709551616' does not fit an int64",
+                     INT64_RANGE);
+    AssertTypedValue("int64:-9223372036854775809",
+                     "9223372036854775807: '-9223372036854775809' does not fit an int64",
+                     INT64_RANGE);
+    AssertSilent("int64:9223372036854775807");
+    AssertSilent("int64:-9223372036854775808");
+    AssertSilent("int64:-1");
+}
+
+TEST_F(NumberRulesTest, AFloatHasARange) {
+    AssertTypedValue("float:1e39", "inf: '1e39' does not fit a float", FLOAT_RANGE);
+    AssertTypedValue("float:-1e999", "-inf: '-1e999' does not fit a float", FLOAT_RANGE);
+    AssertTypedValue("float:1e-50", "0.0: '1e-50' does not fit a float", FLOAT_RANGE);
+    AssertTypedValue("double:1e999", "inf: '1e999' does not fit a double", FLOAT_RANGE);
+    AssertTypedValue("double:1e-999", "0.0: '1e-999' does not fit a double", FLOAT_RANGE);
+    AssertSilent("float:3.4e38");
+    AssertSilent("float:1.2e-38");
+}
+
+TEST_F(NumberRulesTest, RangeCountsBeforeWhatIsBehind) {
+    AssertTypedValue("int32:3000000000ms",
+                     "2147483647: '3000000000' does not fit an int32",
+                     R"(write "int64:3000000000")");
+}
+
+TEST_F(NumberRulesTest, ANumberAloneIsFine) {
+    for (const char* text :
+         {"int32:0",    "int32:+5",        "int32:007", "int32: 5",   "int32:5 ",
+          "int64:0x10", "int64:-0X10",     "int64:010", "int64:0",    "float:0",
+          "float:-0",   "float:.5",        "float:5.",  "float:1e3",  "float:0x1p3",
+          "float:inf",  "float:-Infinity", "float:nan", "double:inf", "double:0.1"}) {
+        AssertSilent(text);
+    }
+}
+
+// ---- type-word ---------------------------------------------------------------
+
+TEST_F(NumberRulesTest, ATypeWordIsInLowerCase) {
+    AssertPipe(R"("link_0": {"timeout": "Int32:250"})",
+               "2:23-2:34 warning type-word /pipe_0/link_0/timeout: "
+               "'timeout' is stored as the text 'Int32:250': 'Int32' is no type word\n"
+               "  hint: write \"int32:250\"\n");
+    AssertTypeWord("INT64:0x10", R"(write "int64:0x10")");
+    AssertTypeWord("Float:.5", R"(write "float:.5")");
+    AssertTypeWord("DOUBLE:1e-3", R"(write "double:1e-3")");
+}
+
+TEST_F(NumberRulesTest, ATypeWordIsMistyped) {
+    AssertTypeWord("int_32:5", R"(write "int32:5")");
+    AssertTypeWord("in32:5", R"(write "int32:5")");
+    AssertTypeWord("itn64:5", R"(write "int64:5")");
+    AssertTypeWord(" int32:5", R"(write "int32:5")");
+    AssertTypeWord("flaot:1.5", R"(write "float:1.5")");
+    AssertTypeWord("doubel:1.5", R"(write "double:1.5")");
+}
+
+TEST_F(NumberRulesTest, ATypeWordIsOfAnotherLanguage) {
+    AssertTypeWord("int:5", R"(write "int32:5")");
+    AssertTypeWord("uint8:200", R"(write "int32:200")");
+    AssertTypeWord("int32_t:5", R"(write "int32:5")");
+    AssertTypeWord("UInt32:5", R"(write "int64:5")");
+    AssertTypeWord("long:5", R"(write "int64:5")");
+    AssertTypeWord("u64:9007199254740993", R"(write "int64:9007199254740993")");
+    AssertTypeWord("float32:0.5", R"(write "float:0.5")");
+    AssertTypeWord("float64:0.5", R"(write "double:0.5")");
+    AssertTypeWord("number:5", R"(write "int32:5")");
+    AssertTypeWord("number:0.5", R"(write "float:0.5")");
+}
+
+TEST_F(NumberRulesTest, TheWordThatIsNamedHoldsTheNumber) {
+    AssertTypeWord("Int32:3000000000", R"(write "int64:3000000000")");
+    AssertTypeWord("Int32:0x10", R"(write "int64:0x10")");
+    AssertTypeWord("Int32:2.5", R"(write "float:2.5")");
+    AssertTypeWord("Int32:1e3", R"(write "int32:1000")");
+    AssertTypeWord("uint32:010", R"(write "int64:10")");
+    AssertTypeWord("Int64:9223372036854775807", R"(write "int64:9223372036854775807")");
+    AssertTypeWord("uint64:18446744073709551615", R"(write "int64:18446744073709551615")");
+    AssertTypeWord("Float:1e39", R"(write "float:1e39")");
+}
+
+TEST_F(NumberRulesTest, ThereIsNoTypeForBooleans) {
+    AssertTypeWord("bool:true", R"(write "int32:1")");
+    AssertTypeWord("Boolean:False", R"(write "int32:0")");
+    AssertTypeWord("bool:1", R"(write "int32:1")");
+    AssertTypeWord("bool:0", R"(write "int32:0")");
+}
+
+TEST_F(NumberRulesTest, ATextHasNoTypeWord) {
+    AssertTypeWord("string:front door", "leave out 'string:': a text has no type word");
+    AssertTypeWord("str:", "leave out 'str:': a text has no type word");
+}
+
+TEST_F(NumberRulesTest, OtherTextsMayHaveAColon) {
+    for (const char* text : {"camera:front", "hw:0",       "plughw:1,0", "rtsp://camera:554/front",
+                             "image:nv12",   "in:3",       "port:80",    "float3:1",
+                             "flat:2",       "long:13.4",  "16:9",       ":5",
+                             "::",           "bool:maybe", "Int32:abc",  "int8:",
+                             "Int32:5:6",    "uint8",      "string",     "Float"}) {
+        AssertSilent(text);
+    }
+}
+
+// ---- number-lost -------------------------------------------------------------
+
+TEST_F(NumberRulesTest, AFractionIsDropped) {
+    AssertPipe(R"("link_0": {"gain": 3.9})",
+               "2:20-2:23 warning number-lost /pipe_0/link_0/gain: "
+               "'gain' is stored as 3: the fraction of '3.9' is dropped\n"
+               "  hint: write \"float:3.9\"\n");
+    AssertNumberLost("-0.5", "0: the fraction of '-0.5' is dropped", R"(write "float:-0.5")");
+    AssertNumberLost("25e-1", "2: the fraction of '25e-1' is dropped", R"(write "float:25e-1")");
+}
+
+TEST_F(NumberRulesTest, ANumberEndsAtTheLimitsOfAnInt32) {
+    AssertNumberLost("2147483648",
+                     "2147483647: '2147483648' does not fit an int32",
+                     R"(write "int64:2147483648")");
+    AssertNumberLost(
+        "-3e9", "-2147483648: '-3e9' does not fit an int32", R"(write "int64:-3000000000")");
+    AssertNumberLost("1700000000000000001",
+                     "2147483647: '1700000000000000001' does not fit an int32",
+                     R"(write "int64:1700000000000000001")");
+    AssertNumberLost("3000000000.5",
+                     "2147483647: '3000000000.5' does not fit an int32",
+                     R"(write "float:3000000000.5")");
+    AssertNumberLost("1e20", "2147483647: '1e20' does not fit an int32", R"(write "float:1e20")");
+    AssertNumberLost("1e300", "2147483647: '1e300' does not fit an int32", INT32_RANGE);
+    AssertNumberLost("1e999", "2147483647: '1e999' does not fit an int32", INT32_RANGE);
+    AssertNumberLost("-1e999", "-2147483648: '-1e999' does not fit an int32", INT32_RANGE);
+}
+
+TEST_F(NumberRulesTest, AWholeNumberIsNotLost) {
+    AssertPipe(
+        R"("link_0": {"a": 0, "b": -0.0, "c": 3.0, "d": 12e2, "e": 2147483647, "f": -2147483648})",
+        "");
+}
+
+// ---- double-narrowed ---------------------------------------------------------
+
+TEST_F(NumberRulesTest, ADoubleLosesDigitsThatWereWritten) {
+    AssertPipe(R"("link_0": {"start": "double:16777217"})",
+               "2:21-2:38 note double-narrowed /pipe_0/link_0/start: "
+               "'start' is stored as 16777216: a \"double:\" is kept as a float, "
+               "which cannot hold '16777217'\n"
+               "  hint: write \"int64:16777217\"\n");
+    AssertNarrowed("-1700000001", "-1700000000", R"(write "int64:-1700000001")");
+    AssertNarrowed("9007199254740993", "9007199254740992", R"(write "int64:9007199254740993")");
+    AssertNarrowed("99999999999999999999",
+                   "100000002004087734272",
+                   "write it with an exponent if its last digits do not count");
+}
+
+TEST_F(NumberRulesTest, ADoubleGoesBeyondTheRangeOfAFloat) {
+    AssertNarrowed("1e39", "inf", FLOAT_RANGE);
+    AssertNarrowed("-1e39", "-inf", FLOAT_RANGE);
+    AssertNarrowed("1e-50", "0", FLOAT_RANGE);
+}
+
+TEST_F(NumberRulesTest, ADoubleLosesMoreThanItsRoundingNextToZero) {
+    AssertNarrowed("1e-40", "9.99994610111476e-41", FLOAT_RANGE);
+}
+
+TEST_F(NumberRulesTest, ADoubleMayBeRounded) {
+    for (const char* text : {"double:0.1",
+                             "double:3.14159265358979",
+                             "double:1700000000.5",
+                             "double:16777216",
+                             "double:+016777216",
+                             "double:0",
+                             "double:-0",
+                             "double:1e20",
+                             "double:nan",
+                             "double:-inf"}) {
+        AssertSilent(text);
+    }
+}
+
+}  // namespace
