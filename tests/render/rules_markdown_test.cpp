@@ -104,8 +104,8 @@ protected:
 
     const std::vector<Rule> RULES = smallRules();
     const ExplainedRule FIRST = explainedTwice(RULES.at(0));
-    const ExplainedRule SECOND = {&RULES.at(1),
-                                  fileWith("example.json", std::string(RULES.at(1).example.wrong), {})};
+    const ExplainedRule SECOND = {
+        &RULES.at(1), fileWith("example.json", std::string(RULES.at(1).example.wrong), {})};
     const ExplainedRule THIRD = {
         &RULES.at(2),
         fileWith("example.json",

@@ -55,7 +55,8 @@ Remove the one that is not meant.
 
 TEST(RuleTextTest, NamesTheClassesThatTheExampleNeeds) {
     const Rule rule = smallRules().at(1);
-    EXPECT_EQ(explanationOf({&rule, fileWith("example.json", std::string(rule.example.wrong), {})}), R"(
+    EXPECT_EQ(explanationOf({&rule, fileWith("example.json", std::string(rule.example.wrong), {})}),
+              R"(
 no-number (error): The key 'link_<l>' of a link does not end in the number that
 the framework would look for
 
@@ -112,7 +113,8 @@ TEST(RuleTextTest, AnExampleNeverReachesTheTerminalRaw) {
     Rule rule = smallRules().at(2);
     rule.example.wrong = "{}\033\xff";
     rule.example.right = "{}\u009b";
-    const std::string shown = explanationOf({&rule, fileWith("example.json", "{}", {})});
+    const std::string shown =
+        explanationOf({&rule, fileWith("example.json", std::string(rule.example.wrong), {})});
     EXPECT_EQ(shown.substr(shown.find("Example")),
               "Example, with a class Idle of no inputs and no outputs:\n\n"
               "    1 | {}\\x1b\ufffd\n\n"
