@@ -15,7 +15,7 @@ namespace {
 
 // The part of a key that a store sees.
 std::string storeKey(const std::string& key) {
-    return key.c_str();
+    return key.substr(0, key.find('\0'));
 }
 
 // What a node's store has, or would have if the node were made.

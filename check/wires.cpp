@@ -94,8 +94,9 @@ const int MOST_LEVELS = 3;  // of a node: its sections, and their options
 void markNamedIn(const NodeSubject& node, WireTable* table) {
     const std::set<const Value*> names = namesIn(node);
     for (const Value* member : node.value->children) {
-        const auto object = std::find(node.objects.begin(), node.objects.end(), member);
-        if (object == node.objects.end()) {
+        const bool isOptions =
+            std::find(node.objects.begin(), node.objects.end(), member) != node.objects.end();
+        if (!isOptions) {
             markAllNamed(*member, MOST_LEVELS, table);
             continue;
         }

@@ -507,6 +507,7 @@ const Rule CYCLE = {
 // A group by its first nodes.
 std::string textOfGroup(const PipeSubject& pipe, const std::vector<size_t>& group) {
     std::vector<std::string> keys;
+    keys.reserve(group.size());
     for (const size_t node : group) {
         keys.push_back(quoted(pipe.nodes[node].value->key));
     }
