@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,6 +19,13 @@ using qvgraph::toText;
 using qvgraph::Value;
 using qvgraph::ValueKind;
 using namespace std::string_literals;  // NOLINT(google-build-using-namespace)
+
+const Value& rootOf(const Source& source) {
+    if (source.root() == nullptr) {
+        throw std::logic_error("no JSON: " + source.text());
+    }
+    return *source.root();
+}
 
 std::string partOf(const Source& source, Span span) {
     return source.text().substr(span.begin, span.end - span.begin);
@@ -110,8 +118,8 @@ TEST(ValuesTest, APartOfATextKeepsItsPlaces) {
 
 TEST(ValuesTest, APartBeginsAndEndsWithinAToken) {
     EXPECT_EQ(numberOf("[12345678901]"), 0) << "an array has no number";
-    EXPECT_EQ(Source("12345678901234", 1, 11).root()->number, 2345678901.0);
-    EXPECT_EQ(Source("[truefalse]", 1, 5).root()->kind, ValueKind::Bool);
+    EXPECT_EQ(rootOf(Source("12345678901234", 1, 11)).number, 2345678901.0);
+    EXPECT_EQ(rootOf(Source("[truefalse]", 1, 5)).kind, ValueKind::Bool);
     EXPECT_EQ(commentsIn("1 // a"), Texts({"// a"}));
     EXPECT_EQ(Source("1 // a", 0, 4).comments().at(0).end, 4U);
 }
@@ -144,8 +152,8 @@ TEST(StringsTest, ASurrogateAloneIsThreeBytes) {
 
 TEST(StringsTest, KeysAreDecodedAsWell) {
     const Source source(R"({"\u0061\n": 1})");
-    EXPECT_EQ(source.root()->children.at(0)->key, "a\n");
-    EXPECT_EQ(partOf(source, source.root()->children.at(0)->keySpan), R"("\u0061\n")");
+    EXPECT_EQ(rootOf(source).children.at(0)->key, "a\n");
+    EXPECT_EQ(partOf(source, rootOf(source).children.at(0)->keySpan), R"("\u0061\n")");
 }
 
 // ---- Numbers ----------------------------------------------------------------
@@ -174,24 +182,24 @@ TEST(NumbersTest, AShortIntegerHasNoNegativeZero) {
 
 TEST(MembersTest, StandInTheByteOrderOfTheirKeys) {
     const Source source(R"({"node_2": 1, "node_10": 1, "é": 1, "": 1, "node": 1, "~": 1})");
-    EXPECT_EQ(keysOf(*source.root()), Texts({"", "node", "node_10", "node_2", "~", "é"}));
+    EXPECT_EQ(keysOf(rootOf(source)), Texts({"", "node", "node_10", "node_2", "~", "é"}));
 }
 
 TEST(MembersTest, AreFoundByTheirKey) {
     const Source source(R"({"b": 1, "a": 2, "": 3, "a\u0000": 4})");
-    EXPECT_EQ(source.root()->member("b")->number, 1);
-    EXPECT_EQ(source.root()->member("a")->number, 2);
-    EXPECT_EQ(source.root()->member("")->number, 3);
-    EXPECT_EQ(source.root()->member("a\0"s)->number, 4);
-    EXPECT_EQ(source.root()->member("A"), nullptr);
-    EXPECT_EQ(source.root()->member("aa"), nullptr);
-    EXPECT_EQ(source.root()->member("c"), nullptr);
+    EXPECT_EQ(rootOf(source).member("b")->number, 1);
+    EXPECT_EQ(rootOf(source).member("a")->number, 2);
+    EXPECT_EQ(rootOf(source).member("")->number, 3);
+    EXPECT_EQ(rootOf(source).member("a\0"s)->number, 4);
+    EXPECT_EQ(rootOf(source).member("A"), nullptr);
+    EXPECT_EQ(rootOf(source).member("aa"), nullptr);
+    EXPECT_EQ(rootOf(source).member("c"), nullptr);
 }
 
 TEST(MembersTest, ElementsAreNone) {
-    EXPECT_EQ(Source("[1]").root()->member(""), nullptr);
-    EXPECT_EQ(Source("\"a\"").root()->member("a"), nullptr);
-    EXPECT_EQ(Source("{}").root()->member("a"), nullptr);
+    EXPECT_EQ(rootOf(Source("[1]")).member(""), nullptr);
+    EXPECT_EQ(rootOf(Source("\"a\"")).member("a"), nullptr);
+    EXPECT_EQ(rootOf(Source("{}")).member("a"), nullptr);
 }
 
 TEST(MembersTest, TheLastOfOneKeyCounts) {
@@ -204,8 +212,8 @@ TEST(MembersTest, TheLastOfOneKeyCounts) {
 '/a/a' is a number, key 28-31 "a", value 33-34 3
 '/a' is a number, key 37-40 "a", value 42-43 4
 )");
-    EXPECT_EQ(keysOf(*source.root()), Texts({"a", "b"}));
-    EXPECT_EQ(source.root()->member("a")->number, 4);
+    EXPECT_EQ(keysOf(rootOf(source)), Texts({"a", "b"}));
+    EXPECT_EQ(rootOf(source).member("a")->number, 4);
 }
 
 TEST(MembersTest, AnOverriddenOneLeadsToTheNext) {
@@ -214,8 +222,8 @@ TEST(MembersTest, AnOverriddenOneLeadsToTheNext) {
     ASSERT_NE(first.overriddenBy, nullptr);
     EXPECT_EQ(first.overriddenBy->number, 2);
     ASSERT_NE(first.overriddenBy->overriddenBy, nullptr);
-    EXPECT_EQ(first.overriddenBy->overriddenBy, source.root()->member("a"));
-    EXPECT_EQ(source.root()->member("a")->overriddenBy, nullptr);
+    EXPECT_EQ(first.overriddenBy->overriddenBy, rootOf(source).member("a"));
+    EXPECT_EQ(rootOf(source).member("a")->overriddenBy, nullptr);
 }
 
 TEST(MembersTest, EqualKeysOfDifferentObjectsHaveNothingToDoWithEachOther) {
@@ -236,7 +244,7 @@ TEST(MembersTest, ManyOfOneKeyAreAChain) {
         EXPECT_EQ(at->number, next++);
     }
     EXPECT_EQ(next, 10001);
-    EXPECT_EQ(source.root()->children.size(), 1U);
+    EXPECT_EQ(rootOf(source).children.size(), 1U);
 }
 
 // ---- Pointers ---------------------------------------------------------------
@@ -252,8 +260,8 @@ TEST(PointersTest, CountElementsFromZero) {
         text += ", {\"a\": [0, 1]}";
     }
     const Source source(text + "]");
-    EXPECT_EQ(pointerTo(*source.root()), "");
-    EXPECT_EQ(pointerTo(*source.root()->children[0]), "/0");
+    EXPECT_EQ(pointerTo(rootOf(source)), "");
+    EXPECT_EQ(pointerTo(rootOf(source)->children[0]), "/0");
     EXPECT_EQ(pointerTo(source.values().back()), "/11/a/1");
 }
 
@@ -289,7 +297,7 @@ TEST(KindsTest, HaveNames) {
 
 TEST(KindsTest, AreAskedFor) {
     const Source source("[{}, \"\", 0, null]");
-    const std::vector<const Value*>& children = source.root()->children;
+    const std::vector<const Value*>& children = rootOf(source).children;
     EXPECT_TRUE(children[0]->isObject() && children[1]->isString() && children[2]->isNumber());
     EXPECT_FALSE(children[3]->isObject() || children[3]->isString() || children[3]->isNumber());
 }
