@@ -14,23 +14,6 @@ namespace {
 const char* const NODE_OPTIONS = "node_opts";
 const char* const STREAM_OPTIONS = "stream_opts";
 
-std::string endingOf(const Value& member, const char* family) {
-    return member.key.substr(std::string_view(family).size());
-}
-
-// The first format of the family whose ending no name has. REQUIRES: there are
-// more formats than names.
-const Value& spareFormat(const Side& side) {
-    std::set<std::string> endings;
-    for (const Value* name : side.nameMembers) {
-        endings.insert(endingOf(*name, side.nameFamily));
-    }
-    return **std::find_if(
-        side.formatMembers.begin(), side.formatMembers.end(), [&](const Value* format) {
-            return endings.count(endingOf(*format, side.formatFamily)) == 0;
-        });
-}
-
 // ---- what is meant ------------------------------------------------------------
 
 // The known key that another key is nearly; "" for none.
@@ -98,28 +81,35 @@ std::vector<MeantMember> meantAsSection(const NodeSubject& node, const char* sec
     return meant;
 }
 
-// The members under a key, or one that begins so, that stand in a node itself
-// or in an option object which is not the section for them.
-std::vector<MeantMember> meantElsewhere(const NodeSubject& node,
-                                        const char* section,
-                                        const std::string& key,
-                                        bool isPrefix) {
+// The members under a key that begins so, in a node itself or in an option object
+// which is not the section for them.
+std::vector<const Value*> elsewhere(const NodeSubject& node,
+                                    const char* section,
+                                    const char* prefix) {
     const Value* right = node.value->member(section);
     std::vector<const Value*> objects = {node.value};
     objects.insert(objects.end(), node.objects.begin(), node.objects.end());
-    std::vector<MeantMember> meant;
+    std::vector<const Value*> members;
     for (const Value* object : objects) {
         if (object == nullptr || object == right) {
             continue;
         }
         for (const Value* member : object->children) {
-            const bool isIt = isPrefix ? hasPrefix(member->key, key.c_str()) : member->key == key;
-            if (isIt && (right == nullptr || right->member(member->key) == nullptr)) {
-                meant.push_back(moved(*member, section));
+            const bool isThere = right != nullptr && right->member(member->key) != nullptr;
+            if (hasPrefix(member->key, prefix) && !isThere) {
+                members.push_back(member);
             }
         }
     }
-    return meant;
+    return members;
+}
+
+void addMoved(const std::vector<const Value*>& members,
+              const char* section,
+              std::vector<MeantMember>* meant) {
+    for (const Value* member : members) {
+        meant->push_back(moved(*member, section));
+    }
 }
 
 // Members of "stream_opts" that are nearly a key or of its family.
@@ -143,10 +133,7 @@ std::vector<const Value*> nearlyStreamOptions(const NodeSubject& node,
 // index.
 std::string meantKey(const Value& member, bool isOnly, const char* key, const char* family) {
     const std::string suffix = nearestKey(Level::StreamOptions, member.key)->suffix;
-    if (isOnly) {
-        return inDoubleQuotes(key);
-    }
-    return "'" + (family + (suffix.empty() ? "<k>" : suffix)) + "'";
+    return isOnly ? key : family + (suffix.empty() ? "<k>" : suffix);
 }
 
 // Whether the rule about unknown keys reports a member of "stream_opts".
@@ -154,16 +141,8 @@ bool isUnknown(const Value& option) {
     return nearestKey(Level::StreamOptions, option.key, 2).has_value();
 }
 
-const Side& otherSide(const NodeSubject& node, const Side& side) {
-    return &side == &node.inputs ? node.outputs : node.inputs;
-}
-
 bool isSameFix(const MeantMember& a, const MeantMember& b) {
     return a.verb == b.verb && a.target == b.target;
-}
-
-void append(const std::vector<MeantMember>& more, std::vector<MeantMember>* meant) {
-    meant->insert(meant->end(), more.begin(), more.end());
 }
 
 }  // namespace
@@ -206,33 +185,6 @@ std::string freeNameKey(const Side& side) {
     return indexedKey(side.nameFamily, index);
 }
 
-std::optional<FormatPair> firstDifferentPair(const NodeSubject& node, const Side& side) {
-    const Value* options = node.streamOptions();
-    const Value* plain = options == nullptr ? nullptr : options->member(side.formatKey);
-    if (side.managers == 1) {
-        const bool isSpare = plain != nullptr && !side.formatMembers.empty();
-        return isSpare ? std::optional(FormatPair{side.formatMembers[0], nullptr}) : std::nullopt;
-    }
-    if (side.formatMembers.size() > side.nameMembers.size()) {
-        return FormatPair{&spareFormat(side), nullptr};
-    }
-    if (side.formatMembers.size() < side.nameMembers.size()) {
-        return std::nullopt;
-    }
-    for (size_t i = 0; i < side.formatMembers.size(); ++i) {
-        const FormatPair pair = {side.formatMembers[i], side.nameMembers[i]};
-        if (endingOf(*pair.name, side.nameFamily) != endingOf(*pair.format, side.formatFamily)) {
-            return pair;
-        }
-    }
-    return plain != nullptr ? std::optional(FormatPair{plain, nullptr}) : std::nullopt;
-}
-
-bool hasSpareFormat(const NodeSubject& node, const Side& side) {
-    const auto pair = firstDifferentPair(node, side);
-    return pair && pair->name == nullptr;
-}
-
 std::vector<MeantMember> meantAsNodeName(const NodeSubject& node) {
     std::vector<MeantMember> meant = meantAsSection(node, NODE_OPTIONS);
     if (!meant.empty()) {
@@ -245,7 +197,11 @@ std::vector<MeantMember> meantAsNodeName(const NodeSubject& node) {
             }
         }
     }
-    append(meantElsewhere(node, NODE_OPTIONS, "node_name", false), &meant);
+    for (const Value* member : elsewhere(node, NODE_OPTIONS, "node_name")) {
+        if (member->key == "node_name") {
+            meant.push_back(moved(*member, NODE_OPTIONS));
+        }
+    }
     return meant;
 }
 
@@ -258,36 +214,27 @@ std::vector<MeantMember> meantAsNames(const NodeSubject& node, const Side& side)
     const size_t number =
         node.node->registered ? side.managers : side.declared.size() + nearly.size();
     for (const Value* member : nearly) {
-        const std::string name = meantKey(*member, number == 1, side.nameKey, side.nameFamily);
-        meant.push_back(renamed(*member, name, isUnknown(*member)));
+        const std::string key = meantKey(*member, number == 1, side.nameKey, side.nameFamily);
+        meant.push_back(renamed(*member, nameOfKey(side, key), isUnknown(*member)));
     }
-    const auto names = meantElsewhere(node, STREAM_OPTIONS, side.nameKey, true);
-    append(names, &meant);
+    const auto names = elsewhere(node, STREAM_OPTIONS, side.nameKey);
+    addMoved(names, STREAM_OPTIONS, &meant);
     if (!names.empty()) {
-        append(meantElsewhere(node, STREAM_OPTIONS, side.formatKey, true), &meant);
+        addMoved(elsewhere(node, STREAM_OPTIONS, side.formatKey), STREAM_OPTIONS, &meant);
     }
     return meant;
 }
 
-std::vector<MeantMember> meantAsFormat(const NodeSubject& node,
-                                       const Side& side,
-                                       const std::string& key) {
-    std::vector<MeantMember> meant;
-    const std::string name = nameOfKey(side, key);
+std::map<std::string, std::vector<MeantMember>> meantAsFormats(const NodeSubject& node,
+                                                               const Side& side) {
+    std::map<std::string, std::vector<MeantMember>> meant;
     for (const Value* member : nearlyStreamOptions(node, side.formatKey, side.formatFamily)) {
-        if (meantKey(*member, side.managers == 1, side.formatKey, side.formatFamily) == name) {
-            meant.push_back(renamed(*member, name, isUnknown(*member)));
-        }
+        const std::string key =
+            meantKey(*member, side.managers == 1, side.formatKey, side.formatFamily);
+        meant[key].push_back(renamed(*member, nameOfKey(side, key), isUnknown(*member)));
     }
-    append(meantElsewhere(node, STREAM_OPTIONS, key, false), &meant);
-    const Side& other = otherSide(node, side);
-    if (hasSpareFormat(node, other)) {
-        const Value& spare = *firstDifferentPair(node, other)->format;
-        meant.push_back({{"there is no " + std::string(other.word) + " for this", spare.keySpan},
-                         "rename",
-                         quoted(spare.key),
-                         "to " + name,
-                         true});
+    for (const Value* member : elsewhere(node, STREAM_OPTIONS, side.formatKey)) {
+        meant[member->key].push_back(moved(*member, STREAM_OPTIONS));
     }
     return meant;
 }

@@ -2,7 +2,7 @@
 #ifndef QVGRAPH_CHECK_NODE_ACCESS_H_
 #define QVGRAPH_CHECK_NODE_ACCESS_H_
 
-#include <optional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -76,19 +76,6 @@ Naming namingOf(const NodeSubject& node, const Side& side);
 // The key of the family of names with the first index that no other has.
 std::string freeNameKey(const Side& side);
 
-// A format, and the name that it is paired with.
-struct FormatPair {
-    const Value* format = nullptr;
-    const Value* name = nullptr;  // null: it is spare, there are fewer names
-};
-
-// The first format that goes with a name of another ending, or with none.
-// Nothing where formats are missing: which of them is not known.
-std::optional<FormatPair> firstDifferentPair(const NodeSubject& node, const Side& side);
-
-// Whether a side has a format without a name.
-bool hasSpareFormat(const NodeSubject& node, const Side& side);
-
 // ---- what is meant --------------------------------------------------------------
 
 // A member that was probably meant to be a key that is not there, and what to do
@@ -104,9 +91,10 @@ struct MeantMember {
 // What was meant as "node_opts" or "stream_opts", or as a member of them.
 std::vector<MeantMember> meantAsNodeName(const NodeSubject& node);
 std::vector<MeantMember> meantAsNames(const NodeSubject& node, const Side& side);
-std::vector<MeantMember> meantAsFormat(const NodeSubject& node,
-                                       const Side& side,
-                                       const std::string& key);
+
+// The same for the formats of a side, by the key that was meant.
+std::map<std::string, std::vector<MeantMember>> meantAsFormats(const NodeSubject& node,
+                                                               const Side& side);
 
 // Adds the places, each once, and puts their fixes into the hint, if there are
 // any.

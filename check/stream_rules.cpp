@@ -326,19 +326,10 @@ std::vector<const DeclaredEnd*> endsWithoutFormat(const Side& side) {
     return partnerless.size() == lacking.size() ? partnerless : lacking;
 }
 
-// A format that the node would have with another number of streams: one with an
-// index for the only stream, or one without for the only one that is missing.
-const Value* formatOfOtherKind(const NodeSubject& node, const Side& side) {
-    if (side.managers == 1) {
-        return side.formatMembers.size() == 1 ? side.formatMembers[0] : nullptr;
-    }
-    const bool isLast = side.formatMembers.size() + 1 == side.nameMembers.size();
-    return isLast ? node.streamOptions()->member(side.formatKey) : nullptr;
-}
-
 void reportNoFormat(const NodeSubject& node,
                     const Side& side,
                     const DeclaredEnd& end,
+                    const std::vector<MeantMember>& meant,
                     Reporter* report) {
     const std::string key = formatKeyFor(side, end);
     Finding& finding =
@@ -346,22 +337,54 @@ void reportNoFormat(const NodeSubject& node,
                       "the " + std::string(side.word) + " stream " + quoted(*end.name) +
                           " has no format: " + nameOfKey(side, key) + " is missing, which throws");
     finding.hint = "add " + inDoubleQuotes(key) + ": \"...\" to \"stream_opts\"";
-    if (const Value* other = formatOfOtherKind(node, side)) {
-        finding.hint = "rename " + quoted(other->key) + " to " + nameOfKey(side, key);
-        finding.related.push_back(
-            {side.managers == 1
-                 ? "such a key is for nodes with several " + std::string(side.word) + 's'
-                 : "this key is for nodes with one " + std::string(side.word),
-             other->keySpan});
+    relate(meant, &finding);
+}
+
+// A format that may be the one of the only end without: of the other side, where
+// it belongs to none, or one that the node would have with another number of
+// streams.
+std::vector<MeantMember> formatOfOtherKind(const NodeSubject& node,
+                                           const Side& side,
+                                           const std::string& key) {
+    const Side& other = &side == &node.inputs ? node.outputs : node.inputs;
+    std::string why = "there is no " + std::string(other.word) + " for this";
+    const Value* format = other.hasSpareFormat() ? other.differing->format : nullptr;
+    if (side.managers == 1 && side.formatMembers.size() == 1) {
+        why = "such a key is for nodes with several " + std::string(side.word) + 's';
+        format = side.formatMembers[0];
+    } else if (side.managers > 1 && node.streamOptions()->member(side.formatKey) != nullptr) {
+        why = "this key is for nodes with one " + std::string(side.word);
+        format = node.streamOptions()->member(side.formatKey);
     }
-    relate(meantAsFormat(node, side, key), &finding);
+    if (format == nullptr) {
+        return {};
+    }
+    return {{{why, format->keySpan},
+             "rename",
+             quoted(format->key),
+             "to " + nameOfKey(side, key),
+             true}};
+}
+
+void reportNoFormats(const NodeSubject& node, const Side& side, Reporter* report) {
+    const std::vector<const DeclaredEnd*> ends = endsWithoutFormat(side);
+    if (ends.empty()) {
+        return;
+    }
+    auto meant = meantAsFormats(node, side);
+    for (const DeclaredEnd* end : ends) {
+        const std::string key = formatKeyFor(side, *end);
+        std::vector<MeantMember>& members = meant[key];
+        if (members.empty() && ends.size() == 1) {
+            members = formatOfOtherKind(node, side, key);
+        }
+        reportNoFormat(node, side, *end, members, report);
+    }
 }
 
 void streamFormatMissing(const Subject& subject, Reporter* report) {
     forEachUnreadySide(subject, [report](const NodeSubject& node, const Side& side) {
-        for (const DeclaredEnd* end : endsWithoutFormat(side)) {
-            reportNoFormat(node, side, *end, report);
-        }
+        reportNoFormats(node, side, report);
     });
 }
 
@@ -434,7 +457,7 @@ void reportPair(const Side& side,
 
 void streamFamiliesDiffer(const Subject& subject, Reporter* report) {
     forEachSide(subject, [report](const NodeSubject& node, const Side& side) {
-        const auto pair = firstDifferentPair(node, side);
+        const auto& pair = side.differing;
         if (!pair || !hasStreams(node) || namingOf(node, side) != Naming::Right) {
             return;
         }

@@ -124,6 +124,46 @@ void takeWired(const std::vector<StreamEnd>& wired, Side* side) {
     }
 }
 
+std::string endingOf(const Value& member, const char* family) {
+    return member.key.substr(std::string_view(family).size());
+}
+
+// The first format of the family whose ending no name has. REQUIRES: there are
+// more formats than names.
+const Value& spareFormat(const Side& side) {
+    std::set<std::string> endings;
+    for (const Value* name : side.nameMembers) {
+        endings.insert(endingOf(*name, side.nameFamily));
+    }
+    return **std::find_if(
+        side.formatMembers.begin(), side.formatMembers.end(), [&](const Value* format) {
+            return endings.count(endingOf(*format, side.formatFamily)) == 0;
+        });
+}
+
+// The first format that goes with a name of another ending, or with none.
+std::optional<FormatPair> differingPair(const NodeSubject& node, const Side& side) {
+    const Value* options = node.streamOptions();
+    const Value* plain = options == nullptr ? nullptr : options->member(side.formatKey);
+    if (side.managers == 1) {
+        const bool isSpare = plain != nullptr && !side.formatMembers.empty();
+        return isSpare ? std::optional(FormatPair{side.formatMembers[0], nullptr}) : std::nullopt;
+    }
+    if (side.formatMembers.size() > side.nameMembers.size()) {
+        return FormatPair{&spareFormat(side), nullptr};
+    }
+    if (side.formatMembers.size() < side.nameMembers.size()) {
+        return std::nullopt;
+    }
+    for (size_t i = 0; i < side.formatMembers.size(); ++i) {
+        const FormatPair pair = {side.formatMembers[i], side.nameMembers[i]};
+        if (endingOf(*pair.name, side.nameFamily) != endingOf(*pair.format, side.formatFamily)) {
+            return pair;
+        }
+    }
+    return plain != nullptr ? std::optional(FormatPair{plain, nullptr}) : std::nullopt;
+}
+
 void fillSide(const NodeSubject& node, const std::vector<StreamEnd>& wired, Side* side) {
     side->declared = membersOf(node.streamOptions(), side->nameKey);
     side->nameMembers = membersOf(node.streamOptions(), side->nameFamily);
@@ -144,6 +184,7 @@ void fillSide(const NodeSubject& node, const std::vector<StreamEnd>& wired, Side
             side->streams.push_back(meantEnd(node, *side, *declared));
         }
     }
+    side->differing = differingPair(node, *side);
 }
 
 Side inputSide() {

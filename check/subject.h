@@ -28,6 +28,12 @@ struct DeclaredEnd {
     std::optional<std::string> format;   // as `name`
 };
 
+// A format, and the name that it is paired with.
+struct FormatPair {
+    const Value* format = nullptr;
+    const Value* name = nullptr;  // null: it is spare, there are fewer names
+};
+
 // The inputs or the outputs of a node.
 struct Side {
     const char* word = "";          // "input" or "output"
@@ -47,6 +53,12 @@ struct Side {
     // The ends of every key that names a stream here, whatever set-up reached:
     // those declared, and those that set-up looks at.
     std::vector<DeclaredEnd> streams;
+
+    // The first format that goes with a name of another ending, or with none.
+    // Nothing where formats are missing: which of them is not known.
+    std::optional<FormatPair> differing;
+
+    bool hasSpareFormat() const { return differing && differing->name == nullptr; }
 };
 
 // A member of a pipe whose key begins with "node_".

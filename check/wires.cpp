@@ -1,9 +1,9 @@
 #include "check/wires.h"
 
 #include <algorithm>
-#include <iterator>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 #include "check/node_access.h"
 #include "check/words.h"
@@ -139,19 +139,6 @@ void markMisplaced(const PipeSubject& pipe, WireTable* table) {
 
 // ---- what is meant ------------------------------------------------------------
 
-// The streams that are given; first those that nobody takes.
-std::vector<std::string> givenIn(const std::vector<Wire>& wires) {
-    std::vector<std::string> given;
-    for (const bool taken : {false, true}) {
-        for (const Wire& wire : wires) {
-            if (!wire.producers.empty() && wire.consumers.empty() != taken) {
-                given.push_back(wire.name);
-            }
-        }
-    }
-    return given;
-}
-
 std::string withoutDigits(std::string name) {
     name.erase(
         std::remove_if(name.begin(), name.end(), [](char c) { return c >= '0' && c <= '9'; }),
@@ -159,23 +146,36 @@ std::string withoutDigits(std::string name) {
     return name;
 }
 
-// The stream that is probably meant; "" for none. 'left_1' is no mistyped
-// 'left_0'.
-std::string meantBy(const std::string& name, const std::vector<std::string>& given) {
-    if (name.size() < 3) {
-        return "";  // nearly every short name is near
+// The streams that are given, each with its name without digits; first those
+// that nobody takes.
+std::vector<std::pair<std::string, std::string>> givenIn(const std::vector<Wire>& wires) {
+    std::vector<std::pair<std::string, std::string>> given;
+    for (const bool taken : {false, true}) {
+        for (const Wire& wire : wires) {
+            if (!wire.producers.empty() && wire.consumers.empty() != taken) {
+                given.emplace_back(wire.name, withoutDigits(wire.name));
+            }
+        }
     }
+    return given;
+}
+
+// The stream that is probably meant; "" for none. 'left_1' is no mistyped
+// 'left_0', and nearly every short name is near another.
+std::string meantBy(const std::string& name,
+                    const std::vector<std::pair<std::string, std::string>>& given) {
     std::vector<std::string> candidates;
     const std::string plain = withoutDigits(name);
-    std::copy_if(
-        given.begin(), given.end(), std::back_inserter(candidates), [&](const std::string& other) {
-            return withoutDigits(other) != plain;
-        });
+    for (const auto& [other, otherPlain] : given) {
+        if (otherPlain != plain && name.size() > 2) {
+            candidates.push_back(other);
+        }
+    }
     return nearestTo(name, candidates);
 }
 
 void guessMeant(WireTable* table) {
-    const std::vector<std::string> given = givenIn(table->wires());
+    const auto given = givenIn(table->wires());
     size_t guesses = 0;
     for (Wire& wire : table->wires()) {
         if (!wire.producers.empty() || wire.isUncertain || ++guesses > MOST_GUESSES) {
@@ -222,7 +222,7 @@ std::vector<Wire> wiresOf(const PipeSubject& pipe) {
 bool knowsEvery(Side NodeSubject::*side, const PipeSubject& pipe) {
     return std::all_of(pipe.nodes.begin(), pipe.nodes.end(), [side](const NodeSubject& node) {
         const std::vector<DeclaredEnd>& ends = (node.*side).streams;
-        return hasStreams(node) && !hasSpareFormat(node, node.*side) &&
+        return hasStreams(node) && !(node.*side).hasSpareFormat() &&
                std::all_of(ends.begin(), ends.end(), isNamed);
     });
 }

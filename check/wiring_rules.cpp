@@ -211,11 +211,10 @@ const Rule NO_CONSUMER = {
 // ---- format-mismatch -----------------------------------------------------------------
 
 // Whether names and formats of a node are paired as they are meant.
-bool isPaired(const PipeSubject& pipe, const WireEnd& end) {
-    const Side& side = *end.side;
+bool isPaired(const Side& side) {
     const bool hasFormats =
         side.managers < 2 || side.formatMembers.size() >= side.nameMembers.size();
-    return hasFormats && !firstDifferentPair(pipe.nodes[end.node], side);
+    return hasFormats && !side.differing;
 }
 
 const Value& formatPlaceOf(const PipeSubject& pipe, const WireEnd& end) {
@@ -224,13 +223,11 @@ const Value& formatPlaceOf(const PipeSubject& pipe, const WireEnd& end) {
 
 // The ends that take a stream with another format than `given`, and whose
 // format is known.
-std::vector<const WireEnd*> differing(const PipeSubject& pipe,
-                                      const Wire& wire,
-                                      const WireEnd& given) {
+std::vector<const WireEnd*> differing(const Wire& wire, const WireEnd& given) {
     std::vector<const WireEnd*> ends;
     for (const WireEnd& taken : wire.consumers) {
         if (taken.end->format && *taken.end->format != *given.end->format &&
-            isPaired(pipe, taken)) {
+            isPaired(*taken.side)) {
             ends.push_back(&taken);
         }
     }
@@ -278,11 +275,11 @@ void reportTaken(const PipeSubject& pipe,
 void formatMismatch(const Subject& subject, Reporter* report) {
     forEachWire(subject, [report](const PipeSubject& pipe, const Wire& wire) {
         const bool isGiven = !wire.producers.empty() && wire.producers[0].end->format &&
-                             isPaired(pipe, wire.producers[0]);
+                             isPaired(*wire.producers[0].side);
         if (!isGiven) {
             return;
         }
-        const auto ends = differing(pipe, wire, wire.producers[0]);
+        const auto ends = differing(wire, wire.producers[0]);
         if (isOutvoted(wire, ends)) {
             reportGiven(pipe, wire, ends, report);
             return;

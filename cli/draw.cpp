@@ -96,7 +96,7 @@ std::string formatOf(const Arguments& arguments) {
     if (isStandardOutput(arguments.output)) {
         return "dot";
     }
-    const std::string format = formatByEnding(arguments.output);
+    std::string format = formatByEnding(arguments.output);
     if (format.empty()) {
         throw CLI::ValidationError(
             "--output", "the ending of '" + arguments.output + "' tells no format; give --format");

@@ -133,7 +133,7 @@ private:
             return mName;
         }
         const std::string number = std::to_string(mRemarks++);
-        const std::string name = mName + "/remark_" + number;
+        std::string name = mName + "/remark_" + number;
         writeText(name,
                   DotAttributes()
                       .set("label", dotLabel(remarkLabel(remarks)))

@@ -261,7 +261,7 @@ TEST(PointersTest, CountElementsFromZero) {
     }
     const Source source(text + "]");
     EXPECT_EQ(pointerTo(rootOf(source)), "");
-    EXPECT_EQ(pointerTo(rootOf(source)->children[0]), "/0");
+    EXPECT_EQ(pointerTo(*rootOf(source).children[0]), "/0");
     EXPECT_EQ(pointerTo(source.values().back()), "/11/a/1");
 }
 
