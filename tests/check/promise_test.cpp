@@ -152,13 +152,13 @@ struct AssertingNode : QVHostTaskNode {
     }
 };
 
-// A store that replaces nothing and keeps short texts alone.
+// A store that replaces nothing, and keeps no text with a 1.
 struct OddStore : QVHostMetaData {
     int setCString(const char* key, const char* value) override {
         const char* text = nullptr;
         const bool isTaken = findCString(key, &text) != 0;
-        return isTaken || std::string(value).size() > 9 ? -1
-                                                        : QVHostMetaData::setCString(key, value);
+        const bool isRefused = isTaken || std::string(value).find('1') != std::string::npos;
+        return isRefused ? -1 : QVHostMetaData::setCString(key, value);
     }
 };
 

@@ -98,6 +98,7 @@ TEST_F(CheckTest, FailsOnWhatItIsTold) {
         "clean.json", "noted.json", "warned.json", "broken.json"};
     const auto exitCodes = [&](const std::string& severity) {
         std::vector<int> codes;
+        codes.reserve(files.size());
         for (const std::string& file : files) {
             codes.push_back(ExitCodeOf({"--fail-on", severity, file}));
         }

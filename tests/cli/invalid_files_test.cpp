@@ -29,8 +29,8 @@ TEST_F(InvalidFilesTest, AreReportedAsTheTextBesideThemSays) {
     ASSERT_GE(filesIn(invalid).size(), 10U);
     request.folder = invalid;
     for (const std::string& name : filesIn(invalid)) {
-        EXPECT_EQ(Run({"check", "-q", name + ".json"}).out, readFile(invalid + '/' + name + ".txt"))
-            << name;
+        const std::string report = QVGRAPH_TEST_DATA "/invalid/" + name + ".txt";
+        EXPECT_EQ(Run({"check", "-q", name + ".json"}).out, readFile(report)) << name;
     }
 }
 

@@ -11,7 +11,6 @@
 namespace {
 
 using qvgraph::DotRequest;
-using qvgraph::Finding;
 using qvgraph::Severity;
 
 class DrawDotTest : public DrawTest {

@@ -9,7 +9,6 @@
 
 namespace {
 
-using qvgraph::DrawnEnd;
 using qvgraph::DrawnStream;
 using qvgraph::Finding;
 using qvgraph::Findings;

@@ -16,7 +16,6 @@ using qvgraph::DrawnPipe;
 using qvgraph::DrawnSet;
 using qvgraph::DrawnStream;
 using qvgraph::Findings;
-using qvgraph::Severity;
 
 // A drawing as text: a line for each thing, with the codes of its findings.
 class DrawingText {

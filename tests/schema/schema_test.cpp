@@ -208,7 +208,7 @@ bool describes(const json& definition, const qvgraph::KnownKey& known) {
     const json patterns = definition.value("patternProperties", json::object());
     return std::any_of(patterns.items().begin(), patterns.items().end(), [&](const auto& pattern) {
         return pattern.key().rfind("^" + std::string(known.name), 0) == 0 &&
-               pattern.value() != false;
+               pattern.value() != json(false);
     });
 }
 

@@ -87,8 +87,7 @@ const Texts VALUES = {"null",
                       "\"float:x\"",
                       "\"double:1e99\"",
                       "\"Int32:5\"",
-                      "\"im\xf7"
-                      "32:5\"",  // has the hash of "int32"
+                      std::string("\"im\xf7") + "32:5\"",  // has the hash of "int32"
                       "\":5\"",
                       "\"remain_newest\"",
                       "\"Remain-Newest\"",
@@ -337,12 +336,16 @@ std::string RandomConfigurations::renamed(const std::string& key) {
     }
 }
 
-ConfigurationTree RandomConfigurations::otherValue() {
-    const size_t classes = mSized.size() + mFailing.size();
-    if (classes > 0 && below(6) == 0) {
-        const size_t at = below(classes);
-        return scalar(
-            inQuotes(at < mSized.size() ? mSized[at].name : mFailing[at - mSized.size()]));
+// The name of a class that is not as many nodes need it.
+std::string RandomConfigurations::otherClass() {
+    const size_t at = below(mSized.size() + mFailing.size());
+    return at < mSized.size() ? mSized[at].name : mFailing[at - mSized.size()];
+}
+
+ConfigurationTree RandomConfigurations::otherValue(const std::string& key) {
+    const bool hasClasses = !mSized.empty() || !mFailing.empty();
+    if (hasClasses && below(key == "node_name" ? 2 : 12) == 0) {
+        return scalar(inQuotes(otherClass()));
     }
     return scalar(oneOf(VALUES));
 }
@@ -366,10 +369,10 @@ void RandomConfigurations::spoilMember(const Place& place, ConfigurationTree* tr
             member.key = renamed(member.key);
             break;
         case 2:
-            addMember(member.key, otherValue(), place.object);
+            addMember(member.key, otherValue(member.key), place.object);
             break;
         case 3:
-            member.value = otherValue();
+            member.value = otherValue(member.key);
             break;
         case 4:
             moveMember(place, tree);

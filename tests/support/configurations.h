@@ -80,7 +80,8 @@ private:
     static std::vector<Place> placesIn(ConfigurationTree* tree);
     std::string mistyped(std::string key);
     std::string renamed(const std::string& key);
-    ConfigurationTree otherValue();
+    std::string otherClass();
+    ConfigurationTree otherValue(const std::string& key);
     static void erase(const Place& place);
     ConfigurationMember anyMember(ConfigurationTree* tree);
     void spoilMember(const Place& place, ConfigurationTree* tree);

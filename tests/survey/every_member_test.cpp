@@ -8,7 +8,6 @@ namespace {
 
 using qvgraph::Node;
 using qvgraph::Pipe;
-using qvgraph::Survey;
 using qvgraph::SurveyedText;
 
 class EveryMemberTest : public SurveyTest {
