@@ -9,6 +9,10 @@ namespace {
 
 void* allocate(size_t size) {
     if (allocations.untilFailure == 0) {
+        ++allocations.failed;
+        if (allocations.failsOnce) {
+            allocations.untilFailure = -1;
+        }
         throw std::bad_alloc();
     }
     if (allocations.untilFailure > 0) {

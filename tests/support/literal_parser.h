@@ -1,0 +1,54 @@
+// The parser's contract, written down a second time: as plainly as it can be
+// said, without a thought for speed or size, and sharing no line with graph/.
+// Tests compare the two, call by call.
+//
+// It has the functions of QVGraphParser and calls the framework as that does.
+// The one difference: its records tell the line 0.
+#ifndef QVGRAPH_TESTS_SUPPORT_LITERAL_PARSER_H_
+#define QVGRAPH_TESTS_SUPPORT_LITERAL_PARSER_H_
+
+#include <json11.hpp>
+#include <string>
+
+#include "framework/qv_meta_data.h"
+#include "framework/qv_node_proxy.h"
+#include "framework/qv_task_graph.h"
+
+class LiteralParser {
+public:
+    int parseConfigText(const char* text);
+
+    // A path leads to a file with a size of its own, to a folder or to nothing.
+    int parseConfigFile(const char* path);
+    int saveConfig(const char* path) const;
+    int summary() const;
+    const json11::Json& root() const { return document; }
+
+    int getItemNum(json11::Json items, std::string tag) const;
+    int getItemIDByIndex(json11::Json items, int index, std::string tag) const;
+    std::string getItemNameByIndex(json11::Json items, int index, std::string tag) const;
+
+    int getPipeNum() const;
+    int getNodeNum(int pipe) const;
+    int getExecNum(int pipe) const;
+    int getLinkNum(int pipe) const;
+    int getNodeIDByIndex(int pipe, int index) const;
+    int getExecIDByIndex(int pipe, int index) const;
+    int getLinkIDByIndex(int pipe, int index) const;
+    int getThreadNum(int pipe) const;
+    std::string getDefaultLinkMode(int pipe) const;
+
+    int parseOptions(QvMetaData* meta, const char* key, json11::Json value) const;
+    int syncOptions(QvMetaData* meta, json11::Json opts) const;
+    int syncExecOptions(QvMetaData* meta, int pipe, int execId) const;
+    int syncLinkOptions(QvMetaData* meta, int pipe, int linkId) const;
+
+    int initTaskNode(QVTaskGraphConfig* config, int pipe, int nodeId, _QVNodeInfo* info) const;
+
+private:
+    json11::Json pipeAt(int pipe) const;
+
+    json11::Json document;
+};
+
+#endif  // QVGRAPH_TESTS_SUPPORT_LITERAL_PARSER_H_
