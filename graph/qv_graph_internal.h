@@ -3,10 +3,12 @@
 #define QVGRAPH_GRAPH_QV_GRAPH_INTERNAL_H_
 
 #include <cstdint>
+#include <cstring>
 #include <json11.hpp>
 #include <string>
 
 #include "framework/qv_log.h"
+#include "framework/qv_meta_data.h"
 
 // Every record of the parser carries these. It names the member function that
 // the framework called; a source whose helpers report for that function says
@@ -25,13 +27,30 @@
 
 // The name with an index: `tag` and the index in decimal.
 inline std::string indexedKey(const char* tag, int index) {
-    return tag + util_to_string(index);
+    std::string key(tag);
+    key += util_to_string(index);
+    return key;
 }
 
 // The pipe at an index; the null value when there is none.
 inline const json11::Json& pipeOf(const json11::Json& root, int pipe) {
     return root[indexedKey("pipe_", pipe)];
 }
+
+// The member under `key`; the null value when there is none. For keys that a
+// string does not hold in place: Json::operator[] would allocate one.
+inline json11::Json memberUnder(const json11::Json& json, const char* key) {
+    const size_t size = strlen(key);
+    for (const auto& member : json.object_items()) {
+        if (member.first.size() == size && memcmp(member.first.data(), key, size) == 0) {
+            return member.second;
+        }
+    }
+    return json11::Json();
+}
+
+// QVGraphParser::parseOptions, without a copy of the value.
+int storeOption(QvMetaData* meta, const char* key, const json11::Json& value);
 
 // The decimal number that `text` begins with, 0 when there is none. Reads as
 // atoi does where long has 32 bits: blanks and a sign may come first, and what

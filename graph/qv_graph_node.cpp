@@ -98,9 +98,10 @@ bool wireInputs(const NodeSetup& node, const std::vector<QVInputStreamManager*>&
     const bool result = false;
     for (size_t i = 0; i < managers.size(); ++i) {
         const Stream stream = findStream(node, INPUTS, i, managers.size());
-        const int id = node.config->addInputStream(stream.name);
+        const std::string name = stream.name;
+        const int id = node.config->addInputStream(name);
         CHECK_UE(id, -1);
-        managers[i]->initialize(stream.name, id, node.nodeId);
+        managers[i]->initialize(name, id, node.nodeId);
         managers[i]->setStreamType(formatOf(stream));
         if (keepsNewest(node.options)) {
             managers[i]->mRemainNewest = 1;
@@ -114,9 +115,10 @@ bool wireOutputs(const NodeSetup& node, const std::vector<QVOutputStreamManager*
     const bool result = false;
     for (size_t j = 0; j < managers.size(); ++j) {
         const Stream stream = findStream(node, OUTPUTS, j, managers.size());
-        const int id = node.config->addOutputStream(stream.name);
+        const std::string name = stream.name;
+        const int id = node.config->addOutputStream(name);
         CHECK_UE(id, -1);
-        managers[j]->initialize(stream.name, id, node.nodeId);
+        managers[j]->initialize(name, id, node.nodeId);
         managers[j]->mStreamType = formatOf(stream);
     }
     return true;
@@ -158,7 +160,7 @@ int QVGraphParser::initTaskNode(QVTaskGraphConfig* config,
     syncOptions(options, nodeOpts);
     syncOptions(options, streamOpts);
     syncOptions(options, node["node_opts_extra"]);
-    syncOptions(options, node["stream_opts_extra"]);
+    syncOptions(options, memberUnder(node, "stream_opts_extra"));
 
     const NodeSetup setup = {*this, streamOpts, options, config, nodeId};
     if (!wireInputs(setup, info->inputStreams) || !wireOutputs(setup, info->outputStreams)) {

@@ -1,7 +1,9 @@
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+
+// The conversion reports as the member function that stands for it.
+#define QV_LOG_FUNCTION "parseOptions"
 
 #include "graph/qv_graph_internal.h"
 #include "graph/qv_graph_parser.h"
@@ -21,14 +23,27 @@ struct TypedText {
     char value[TEXT_SIZE];
 };
 
-// Splits a string of `length` < TEXT_SIZE bytes. One that begins with ':' has
-// no type word, and its value is not looked for.
+// Copies a word, which ends before a ':' or with the text. Returns its end.
+const char* copyWord(const char* text, char* word) {
+    for (; *text != '\0' && *text != ':'; ++text) {
+        *word++ = *text;
+    }
+    return text;
+}
+
+// Splits a string of `length` < TEXT_SIZE bytes, as sscanf would with the
+// pattern "%[^:]:%[^:]": one that begins with ':' has no type word, and its
+// value is not looked for.
 void split(const char* string, size_t length, TypedText* typed) {
     qv_memset(typed->text, 0, sizeof(typed->text));
     qv_memset(typed->type, 0, sizeof(typed->type));
     qv_memset(typed->value, 0, sizeof(typed->value));
     util_snprintf(typed->text, length + 1, "%s", string);
-    sscanf(typed->text, "%127[^:]:%127[^:]", typed->type, typed->value);
+
+    const char* const end = copyWord(typed->text, typed->type);
+    if (end != typed->text && *end == ':') {
+        copyWord(end + 1, typed->value);
+    }
 }
 
 // BKDR string hash with the multiplier 131. A type word is known by its hash
@@ -48,12 +63,11 @@ const uint64_t HASH_DOUBLE = 0x389ebe6defd;
 
 }  // namespace
 
-int QVGraphParser::parseOptions(QvMetaData* meta, const char* key, Json value) const {
-    if (value.is_number()) {
-        meta->setInt32(key, toInt32(value.number_value()));
-        return 0;
-    }
+int storeOption(QvMetaData* meta, const char* key, const Json& value) {
     if (!value.is_string()) {
+        if (value.is_number()) {
+            meta->setInt32(key, toInt32(value.number_value()));
+        }
         return 0;
     }
 
@@ -99,20 +113,6 @@ int QVGraphParser::parseOptions(QvMetaData* meta, const char* key, Json value) c
     return 0;
 }
 
-int QVGraphParser::syncOptions(QvMetaData* meta, Json opts) const {
-    qv_log(QV_INFO("sync to node options, node info:"));
-    for (const auto& member : opts.object_items()) {
-        const std::string text = member.second.dump();
-        qv_log(QV_INFO("option: key = %-16s, opt = %-16s"), member.first.c_str(), text.c_str());
-        parseOptions(meta, member.first.c_str(), member.second);
-    }
-    return 0;
-}
-
-int QVGraphParser::syncExecOptions(QvMetaData* meta, int pipe, int execId) const {
-    return syncOptions(meta, pipeOf(mRoot, pipe)[indexedKey("executor_", execId)]["executor_opts"]);
-}
-
-int QVGraphParser::syncLinkOptions(QvMetaData* meta, int pipe, int linkId) const {
-    return syncOptions(meta, pipeOf(mRoot, pipe)[indexedKey("link_", linkId)]);
+int QVGraphParser::parseOptions(QvMetaData* meta, const char* key, Json value) const {
+    return storeOption(meta, key, value);
 }

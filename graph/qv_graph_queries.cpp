@@ -1,4 +1,4 @@
-#include <cstddef>
+#include <cstring>
 #include <string>
 
 #include "graph/qv_graph_internal.h"
@@ -11,18 +11,19 @@ namespace {
 using Members = Json::object;
 
 bool belongsTo(const std::string& key, const std::string& tag) {
-    return key.compare(0, tag.size(), tag) == 0;
+    return key.size() >= tag.size() && memcmp(key.data(), tag.data(), tag.size()) == 0;
 }
 
-// The member at `index` of the family of `tag`; the end when there is none.
+// The member at `index` of the family of `tag`; the end when there is none. In
+// the order of the keys a family stands together, behind whatever is below its
+// tag.
 Members::const_iterator findByIndex(const Members& members, int index, const std::string& tag) {
-    int counter = 0;
-    for (auto member = members.begin(); member != members.end(); ++member) {
-        if (belongsTo(member->first, tag) && counter++ == index) {
-            return member;
-        }
+    auto member = members.lower_bound(tag);
+    for (; index > 0 && member != members.end(); --index) {
+        ++member;
     }
-    return members.end();
+    const bool found = index == 0 && member != members.end() && belongsTo(member->first, tag);
+    return found ? member : members.end();
 }
 
 }  // namespace
@@ -104,7 +105,8 @@ int QVGraphParser::getThreadNum(int pipe) const {
 }
 
 std::string QVGraphParser::getDefaultLinkMode(int pipe) const {
-    const std::string& mode = pipeOf(mRoot, pipe)["default_mode_link"].string_value();
+    const Json modeLink = memberUnder(pipeOf(mRoot, pipe), "default_mode_link");
+    const std::string& mode = modeLink.string_value();
     qv_log(QV_INFO("default link mode %s"), mode.c_str());
     return mode.empty() ? "none" : mode;
 }

@@ -1,10 +1,51 @@
 #include "host/qv_host_meta_data.h"
 
+#include <iterator>
 #include <string_view>
 #include <utility>
 
-int QVHostMetaData::set(const char* key, Value value) {
-    mEntries.insert_or_assign(key, std::move(value));
+QVHostMetaData::Pool::~Pool() {
+    while (mBlocks != nullptr) {
+        ::operator delete(std::exchange(mBlocks, mBlocks->next));
+    }
+}
+
+// A block holds its link to the next one in the room of an entry. It stays
+// below the size at which the heap tidies itself up on every request.
+void QVHostMetaData::Pool::addBlock(size_t bytes) {
+    const size_t entries = 6;
+    auto* const block = static_cast<std::byte*>(::operator new((entries + 1) * bytes));
+    mBlocks = new (block) Link{mBlocks};
+    for (size_t i = entries; i > 0; --i) {
+        mFree = new (block + i * bytes) Link{mFree};
+    }
+}
+
+void* QVHostMetaData::Pool::do_allocate(size_t bytes, size_t /*alignment*/) {
+    if (mFree == nullptr) {
+        addBlock(bytes);
+    }
+    return std::exchange(mFree, mFree->next);
+}
+
+void QVHostMetaData::Pool::do_deallocate(void* memory, size_t /*bytes*/, size_t /*alignment*/) {
+    mFree = new (memory) Link{mFree};
+}
+
+// Options come in the order of their keys, one object after the other: most
+// belong at the end.
+template <typename Type>
+int QVHostMetaData::set(const char* key, Type value) {
+    const std::string_view name(key);
+    auto place = mEntries.end();
+    if (!mEntries.empty() && name <= std::prev(place)->first) {
+        place = mEntries.lower_bound(name);
+        if (place->first == name) {
+            place->second = std::move(value);
+            return 0;
+        }
+    }
+    mEntries.emplace_hint(place, name, std::move(value));
     return 0;
 }
 

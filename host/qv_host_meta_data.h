@@ -2,9 +2,11 @@
 #ifndef QVGRAPH_HOST_QV_HOST_META_DATA_H_
 #define QVGRAPH_HOST_QV_HOST_META_DATA_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <memory_resource>
 #include <string>
 #include <variant>
 
@@ -25,7 +27,7 @@ public:
     // The types in the order in which they are told: string, 32-bit and 64-bit
     // integer, 32-bit float.
     using Value = std::variant<std::string, int32_t, int64_t, float>;
-    using Entries = std::map<std::string, Value, std::less<>>;
+    using Entries = std::pmr::map<std::string, Value, std::less<>>;
 
     // The setters return 0. A key may be empty.
     int setCString(const char* key, const char* value) override;
@@ -42,11 +44,38 @@ public:
     const Entries& entries() const { return mEntries; }
 
 private:
-    int set(const char* key, Value value);
+    template <typename Type>
+    int set(const char* key, Type value);
     template <typename Type>
     const Type* find(const char* key) const;
 
-    Entries mEntries;
+    // The memory of the entries, which all have one size: a few at a time, and
+    // what was freed is used again.
+    class Pool : public std::pmr::memory_resource {
+    public:
+        Pool() = default;
+        ~Pool() override;
+        Pool(const Pool&) = delete;
+        Pool& operator=(const Pool&) = delete;
+
+    private:
+        struct Link {
+            Link* next;
+        };
+
+        void* do_allocate(size_t bytes, size_t alignment) override;
+        void do_deallocate(void* memory, size_t bytes, size_t alignment) override;
+        bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override {
+            return this == &other;
+        }
+        void addBlock(size_t bytes);
+
+        Link* mFree = nullptr;
+        Link* mBlocks = nullptr;
+    };
+
+    Pool mPool;
+    Entries mEntries{&mPool};
 };
 
 #endif  // QVGRAPH_HOST_QV_HOST_META_DATA_H_

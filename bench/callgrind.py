@@ -1,0 +1,61 @@
+"""Runs the counting programs, and reads what callgrind wrote."""
+
+import collections
+import os
+import re
+import subprocess
+import tempfile
+from concurrent.futures import ThreadPoolExecutor
+
+# A case of a program (count_NAME) for so many nodes, in pipes of ten or of
+# another size.
+Run = collections.namedtuple("Run", "program case nodes pipe_size", defaults=[10])
+
+# Instructions, and calls of malloc and its kin.
+Count = collections.namedtuple("Count", "instructions allocations")
+
+ALLOCATORS = {"malloc", "calloc", "realloc", "posix_memalign", "aligned_alloc"}
+
+
+def read(path):
+    """The totals of a file of callgrind's."""
+    names = {}
+    callee = None
+    instructions = allocations = 0
+    with open(path, encoding="utf-8", errors="replace") as lines:
+        for line in lines:
+            function = re.match(r"c?fn=\((\d+)\)(?: (.*))?", line)
+            if function:
+                if function.group(2):
+                    names[function.group(1)] = function.group(2).split("'")[0]
+                callee = names[function.group(1)] if line.startswith("c") else None
+            elif line.startswith("calls=") and callee in ALLOCATORS:
+                allocations += int(line[6:].split()[0])
+            elif line.startswith("totals:"):
+                instructions = int(line.split()[1])
+    return Count(instructions, allocations)
+
+
+def count(folder, run, keep=None):
+    """Counts one run; `keep` is where callgrind's own file is to stay."""
+    with tempfile.TemporaryDirectory() as temporary:
+        out = keep or os.path.join(temporary, "out")
+        subprocess.run(
+            ["valgrind", "--tool=callgrind", "--instr-atstart=no", f"--callgrind-out-file={out}",
+             os.path.join(folder, "count_" + run.program), run.case, str(run.nodes),
+             str(run.pipe_size)],
+            check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        return read(out)
+
+
+def count_all(folder, runs):
+    """Counts the runs, as many at a time as there are processors."""
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        return dict(zip(runs, pool.map(lambda run: count(folder, run), runs)))
+
+
+def cases(folder, program):
+    """The names of a program's cases."""
+    listing = subprocess.run([os.path.join(folder, "count_" + program)], check=False,
+                             stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    return listing.stdout.splitlines()

@@ -1,0 +1,140 @@
+"""The table of scripts/bench, and the plot of cost against size."""
+
+import json
+import os
+import subprocess
+import sys
+from math import log10
+
+from callgrind import Run, cases, count_all
+
+SIZES = (100, 1000)
+PLOT_SIZES = (100, 1000, 10000)
+
+# case | what it is | what it does with the document
+ROWS = (
+    ("json11", "json11", "tree; what the ratios are to"),
+    ("text", "parser: load", "tree"),
+    ("live", "parser: live graph, desk's framework", "tree, all queries, all nodes set up"),
+    ("nlohmann", "nlohmann::json", "tree"),
+    ("rapidjson", "RapidJSON", "tree"),
+    ("jsoncpp", "JsonCpp", "tree"),
+    ("simdjson", "simdjson", "document that is read only"),
+    ("yaml-cpp", "yaml-cpp", "tree, of the same in YAML"),
+    ("protobuf", "protobuf TextFormat", "message, of the same in its text format"),
+    ("ffmpeg", "FFmpeg avfilter_graph_parse2", "chain of filters with 6 options each"),
+    ("gstreamer", "GStreamer gst_parse_launch", "chain of elements with 6 options each"),
+)
+BARE = ("live", "parser: live graph, barest framework", "tree, all queries, all nodes set up")
+
+
+def times(folder, work, program, case):
+    """Microseconds by size, by Google Benchmark, in a process of its own: some
+    libraries start threads, and a program that has threads counts references
+    in another way."""
+    out = os.path.join(work, f"time-{program}-{case}.json")
+    subprocess.run([os.path.join(folder, f"time_{program}"), f"--benchmark_out={out}",
+                    "--benchmark_min_time=0.2", f"--benchmark_filter=^{case}/"],
+                   check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    with open(out, encoding="utf-8") as file:
+        rows = json.load(file)["benchmarks"]
+    return {int(row["name"].split("/")[1]): row["cpu_time"] for row in rows}
+
+
+def table(folder, work):
+    installed = set(cases(folder, "peers"))
+    rows = [("peers", *row) for row in ROWS]
+    rows.insert(2, ("barest", *BARE))
+    found = [row for row in rows if row[0] == "barest" or row[1] in installed]
+    counts = count_all(folder, [Run(row[0], row[1], nodes) for row in found for nodes in SIZES])
+    clock = {row: times(folder, work, row[0], row[1]) for row in found}
+
+    results = []
+    print(f"| what | makes | nodes | instructions | to json11 | time, µs | to json11 |\n"
+          f"|---|---|---:|---:|---:|---:|---:|")
+    for nodes in SIZES:
+        json11 = counts[Run("peers", "json11", nodes)].instructions
+        json11_time = clock[found[0]][nodes]
+        for row in found:
+            program, case, what, makes = row
+            instructions = counts[Run(program, case, nodes)].instructions
+            time = clock[row][nodes]
+            print(f"| {what} | {makes} | {nodes} | {instructions:,} | {instructions / json11:.2f} "
+                  f"| {time:,.0f} | {time / json11_time:.2f} |")
+            results.append({"what": what, "nodes": nodes, "instructions": instructions, "us": time})
+    for row in rows:
+        if row not in found:
+            print(f"\n{row[2]} is not installed: left out")
+    with open(os.path.join(work, "results.json"), "w", encoding="utf-8") as file:
+        json.dump(results, file, indent=2)
+
+
+# ---- The plot ---------------------------------------------------------------
+
+# program | case | name | colour | up to which size
+LINES = (("desk", "json11", "json11", "#777777", 10000),
+         ("barest", "live", "live graph, barest framework", "#2a6fbb", 10000),
+         ("desk", "live", "live graph, desk's framework", "#b5432a", 10000),
+         ("peers", "ffmpeg", "FFmpeg, as many filters", "#3f8f46", 1000),
+         ("peers", "gstreamer", "GStreamer, as many elements", "#8a5fb0", 100))
+
+WIDTH, HEIGHT, LEFT, RIGHT, TOP, BOTTOM = 760, 420, 70, 230, 30, 50
+
+
+def plot(folder, work, path):
+    """Instructions for each node against nodes: a flat line is linear cost."""
+    installed = set(cases(folder, "peers"))
+    lines = [line for line in LINES if line[0] != "peers" or line[1] in installed]
+    sizes = {line: [n for n in PLOT_SIZES if n <= line[4]] for line in lines}
+    runs = [Run(line[0], line[1], nodes) for line in lines for nodes in sizes[line]]
+    counts = count_all(folder, runs)
+    series = {line: [(n, counts[Run(line[0], line[1], n)].instructions / n) for n in sizes[line]]
+              for line in lines}
+    with open(os.path.join(work, "plot.json"), "w", encoding="utf-8") as file:
+        json.dump({line[2]: points for line, points in series.items()}, file, indent=2)
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(svg(series))
+    print(f"{path} is drawn")
+
+
+def svg(series):
+    low, high = 4.3, 6.0  # powers of ten of instructions
+
+    def x(nodes):
+        place = log10(nodes / PLOT_SIZES[0]) / log10(PLOT_SIZES[-1] / PLOT_SIZES[0])
+        return LEFT + place * (WIDTH - LEFT - RIGHT)
+
+    def y(cost):
+        return TOP + (high - log10(cost)) / (high - low) * (HEIGHT - TOP - BOTTOM)
+
+    out = [f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {HEIGHT}" '
+           'font-family="sans-serif" font-size="12">',
+           f'<rect width="{WIDTH}" height="{HEIGHT}" fill="white"/>',
+           f'<text x="{LEFT}" y="18" font-size="14">Instructions for each node, by the size of the '
+           'configuration</text>']
+    for cost in (20000, 50000, 100000, 200000, 500000, 1000000):
+        out.append(f'<line x1="{LEFT}" x2="{WIDTH - RIGHT}" y1="{y(cost):.1f}" y2="{y(cost):.1f}" '
+                   'stroke="#dddddd"/>')
+        out.append(f'<text x="{LEFT - 6}" y="{y(cost) + 4:.1f}" text-anchor="end">'
+                   f'{cost // 1000} k</text>')
+    for nodes in PLOT_SIZES:
+        out.append(f'<text x="{x(nodes):.1f}" y="{HEIGHT - BOTTOM + 18}" text-anchor="middle">'
+                   f'{nodes}</text>')
+    out.append(f'<text x="{(LEFT + WIDTH - RIGHT) / 2:.0f}" y="{HEIGHT - 10}" '
+               'text-anchor="middle">nodes, in pipes of ten</text>')
+    for (_, _, name, colour, _), points in series.items():
+        path = " ".join(f"{x(n):.1f},{y(cost):.1f}" for n, cost in points)
+        out.append(f'<polyline points="{path}" fill="none" stroke="{colour}" stroke-width="2"/>')
+        for nodes, cost in points:
+            out.append(f'<circle cx="{x(nodes):.1f}" cy="{y(cost):.1f}" r="3" fill="{colour}"/>')
+        nodes, cost = points[-1]
+        out.append(f'<text x="{x(nodes) + 8:.1f}" y="{y(cost) + 4:.1f}" fill="{colour}">'
+                   f'{name}</text>')
+    return "\n".join([*out, "</svg>", ""])
+
+
+if __name__ == "__main__":
+    if "--plot" in sys.argv[4:]:
+        plot(sys.argv[1], sys.argv[2], sys.argv[3])
+    else:
+        table(sys.argv[1], sys.argv[2])
