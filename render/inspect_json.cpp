@@ -1,19 +1,16 @@
 #include "render/inspect_json.h"
 
 #include <cmath>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <type_traits>
 #include <variant>
-#include <vector>
 
+#include "render/json_text.h"
 #include "render/option_value.h"
 
 namespace qvgraph {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 const char* const FORMAT_VERSION = "1.0";
 
@@ -38,17 +35,8 @@ Json jsonOf(const OptionValue& value) {
         value);
 }
 
-template <typename Items, typename ToJson>
-Json arrayOf(const Items& items, ToJson toJson) {
-    Json array = Json::array();
-    for (const auto& item : items) {
-        array.push_back(toJson(item));
-    }
-    return array;
-}
-
 Json jsonOfOptions(const Options& options) {
-    return arrayOf(options, [](const auto& option) {
+    return jsonArrayOf(options, [](const auto& option) {
         return Json{{"key", option.first},
                     {"type", typeName(option.second)},
                     {"value", jsonOf(option.second)}};
@@ -82,8 +70,8 @@ Json jsonOfNode(const Node& node) {
             {"result", orNull(node.result)},
             {"message", node.message.empty() ? Json() : Json(node.message)},
             {"options", jsonOfOptions(node.options)},
-            {"inputs", arrayOf(node.inputs, jsonOfInput)},
-            {"outputs", arrayOf(node.outputs, jsonOfOutput)}};
+            {"inputs", jsonArrayOf(node.inputs, jsonOfInput)},
+            {"outputs", jsonArrayOf(node.outputs, jsonOfOutput)}};
 }
 
 Json jsonOfStream(const Stream& stream) {
@@ -103,30 +91,26 @@ Json jsonOfPipe(const Pipe& pipe) {
             {"key", orNull(pipe.key)},
             {"threads", pipe.threads},
             {"link_mode", pipe.linkMode},
-            {"executors", arrayOf(pipe.executors, jsonOfSet)},
-            {"links", arrayOf(pipe.links, jsonOfSet)},
-            {"nodes", arrayOf(pipe.nodes, jsonOfNode)},
-            {"streams", arrayOf(pipe.streams, jsonOfStream)}};
-}
-
-void write(std::ostream& out, const Json& report) {
-    out << report.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+            {"executors", jsonArrayOf(pipe.executors, jsonOfSet)},
+            {"links", jsonArrayOf(pipe.links, jsonOfSet)},
+            {"nodes", jsonArrayOf(pipe.nodes, jsonOfNode)},
+            {"streams", jsonArrayOf(pipe.streams, jsonOfStream)}};
 }
 
 }  // namespace
 
 void renderInspectJson(std::ostream& out, const std::string& file, const Survey& survey) {
-    write(out,
-          {{"format_version", FORMAT_VERSION},
-           {"file", file},
-           {"pipes", arrayOf(survey.pipes, jsonOfPipe)}});
+    writeJson(out,
+              {{"format_version", FORMAT_VERSION},
+               {"file", file},
+               {"pipes", jsonArrayOf(survey.pipes, jsonOfPipe)}});
 }
 
 void renderClassesJson(std::ostream& out, const NodeClasses& classes) {
-    write(out,
-          {{"format_version", FORMAT_VERSION},
-           {"classes", arrayOf(classes.classes, jsonOfClass)},
-           {"stub", classes.stub}});
+    writeJson(out,
+              {{"format_version", FORMAT_VERSION},
+               {"classes", jsonArrayOf(classes.classes, jsonOfClass)},
+               {"stub", classes.stub}});
 }
 
 }  // namespace qvgraph

@@ -252,14 +252,14 @@ TEST_P(ExhaustionTest, OneOption) {
 }
 
 TEST_P(ExhaustionTest, OptionsOfAnExecutor) {
-    AssertStandsExhaustion(3, [this] {
+    AssertStandsExhaustion(1, [this] {
         QVHostMetaData store;
         loaded.syncExecOptions(&store, 0, 1);
     });
 }
 
 TEST_P(ExhaustionTest, OptionsOfALink) {
-    AssertStandsExhaustion(4, [this] {
+    AssertStandsExhaustion(1, [this] {
         QVHostMetaData store;
         loaded.syncLinkOptions(&store, 0, 2);
     });
