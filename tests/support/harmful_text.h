@@ -49,27 +49,33 @@ inline std::string fullOf(const std::string& filler) {
     return text;
 }
 
+// How many bytes are to follow this one in UTF-8.
+inline unsigned continuationsOf(unsigned byte) {
+    return (byte >= 0xc0 ? 1U : 0U) + (byte >= 0xe0 ? 1U : 0U) + (byte >= 0xf0 ? 1U : 0U);
+}
+
+// C0 but a newline, DEL, or C1, whose UTF-8 begins with the byte before.
+inline bool isControl(unsigned before, unsigned byte) {
+    return (byte < 0x20 && byte != '\n') || byte == 0x7f ||
+           (before == 0xc2 && byte >= 0x80 && byte < 0xa0);
+}
+
 // What in `text` is no line of printable UTF-8, byte by byte; empty when
 // nothing is.
 inline std::string harmIn(const std::string& text) {
     std::string harm;
-    size_t expected = 0;  // bytes that are to go on with a character
-    unsigned lead = 0;
+    unsigned expected = 0;  // bytes that are to go on with a character
+    unsigned before = 0;
     for (const char character : text) {
         const unsigned c = static_cast<unsigned char>(character);
         const bool continues = c >= 0x80 && c < 0xc0;
-        const bool control = (c < 0x20 && c != '\n') || c == 0x7f || (lead == 0xc2 && c < 0xa0);
-        if (control || continues != (expected > 0) || c > 0xf4) {
+        if (isControl(before, c) || continues != (expected > 0) || c > 0xf4) {
             char hex[8];
             snprintf(hex, sizeof(hex), "\\x%02x", c);
             harm += hex;
         }
-        expected = continues && expected > 0 ? expected - 1
-                                             : (c >= 0xf0   ? 3U
-                                                : c >= 0xe0 ? 2U
-                                                : c >= 0xc0 ? 1U
-                                                            : 0U);
-        lead = c;
+        expected = continues && expected > 0 ? expected - 1 : continuationsOf(c);
+        before = c;
     }
     return harm;
 }

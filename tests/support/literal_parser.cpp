@@ -122,7 +122,7 @@ int LiteralParser::summary() const {
 
 // ---- Families of keys -------------------------------------------------------
 
-int LiteralParser::getItemNum(Json items, std::string tag) const {
+int LiteralParser::getItemNum(const Json& items, const std::string& tag) const {
     for (const auto& member : items.object_items()) {
         qv_log(MODULE,
                6,
@@ -136,7 +136,7 @@ int LiteralParser::getItemNum(Json items, std::string tag) const {
     return static_cast<int>(familyOf(items, tag).size());
 }
 
-int LiteralParser::getItemIDByIndex(Json items, int index, std::string tag) const {
+int LiteralParser::getItemIDByIndex(const Json& items, int index, const std::string& tag) const {
     if (!items.is_object()) {
         qv_err(MODULE,
                2,
@@ -154,7 +154,9 @@ int LiteralParser::getItemIDByIndex(Json items, int index, std::string tag) cons
     return leadingInteger(upToNul(keys[static_cast<size_t>(index)].substr(tag.size())));
 }
 
-std::string LiteralParser::getItemNameByIndex(Json items, int index, std::string tag) const {
+std::string LiteralParser::getItemNameByIndex(const Json& items,
+                                              int index,
+                                              const std::string& tag) const {
     if (!items.is_object()) {
         qv_err(MODULE,
                2,
@@ -216,7 +218,7 @@ int LiteralParser::getThreadNum(int pipe) const {
             }
         }
         if (key == "exec_thread_num" && member.second.is_number()) {
-            return saturated(member.second.number_value());
+            return saturated(static_cast<long double>(member.second.number_value()));
         }
     }
     return 0;
@@ -305,9 +307,9 @@ int storeString(QvMetaData* meta, const char* key, const std::string& text) {
 
 }  // namespace
 
-int LiteralParser::parseOptions(QvMetaData* meta, const char* key, Json value) const {
+int LiteralParser::parseOptions(QvMetaData* meta, const char* key, const Json& value) const {
     if (value.is_number()) {
-        meta->setInt32(key, saturated(value.number_value()));
+        meta->setInt32(key, saturated(static_cast<long double>(value.number_value())));
         return 0;
     }
     if (value.is_string()) {
@@ -316,7 +318,7 @@ int LiteralParser::parseOptions(QvMetaData* meta, const char* key, Json value) c
     return 0;
 }
 
-int LiteralParser::syncOptions(QvMetaData* meta, Json opts) const {
+int LiteralParser::syncOptions(QvMetaData* meta, const Json& opts) const {
     qv_log(MODULE, 6, TAG, BLUE "sync to node options, node info:" PLAIN, "syncOptions", 0);
     for (const auto& member : opts.object_items()) {
         qv_log(MODULE,

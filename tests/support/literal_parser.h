@@ -24,9 +24,11 @@ public:
     int summary() const;
     const json11::Json& root() const { return document; }
 
-    int getItemNum(json11::Json items, std::string tag) const;
-    int getItemIDByIndex(json11::Json items, int index, std::string tag) const;
-    std::string getItemNameByIndex(json11::Json items, int index, std::string tag) const;
+    int getItemNum(const json11::Json& items, const std::string& tag) const;
+    int getItemIDByIndex(const json11::Json& items, int index, const std::string& tag) const;
+    std::string getItemNameByIndex(const json11::Json& items,
+                                   int index,
+                                   const std::string& tag) const;
 
     int getPipeNum() const;
     int getNodeNum(int pipe) const;
@@ -38,8 +40,8 @@ public:
     int getThreadNum(int pipe) const;
     std::string getDefaultLinkMode(int pipe) const;
 
-    int parseOptions(QvMetaData* meta, const char* key, json11::Json value) const;
-    int syncOptions(QvMetaData* meta, json11::Json opts) const;
+    int parseOptions(QvMetaData* meta, const char* key, const json11::Json& value) const;
+    int syncOptions(QvMetaData* meta, const json11::Json& opts) const;
     int syncExecOptions(QvMetaData* meta, int pipe, int execId) const;
     int syncLinkOptions(QvMetaData* meta, int pipe, int linkId) const;
 

@@ -82,7 +82,8 @@ TEST_F(ThreadsTest, CopiesOfAParserAreAskedAtOnce) {
     std::atomic<int> right{0};
     inThreads(THREADS, [&](int) {
         for (int round = 0; round < ROUNDS; ++round) {
-            const QVGraphParser copy = original;
+            QVGraphParser copy;
+            copy = original;
             right += Everything(copy) == EVERYTHING ? 1 : 0;
         }
     });
@@ -97,7 +98,8 @@ TEST_F(ThreadsTest, RecordsOfAllThreadsReachTheSink) {
     Everything(parser);
     const int ofOne = records.exchange(0);
     inThreads(THREADS, [&](int) {
-        const QVGraphParser copy = parser;
+        QVGraphParser copy;
+        copy = parser;
         Everything(copy);
     });
     EXPECT_GT(ofOne, 10);
