@@ -3,6 +3,7 @@
 #ifndef QVGRAPH_CHECK_RULE_H_
 #define QVGRAPH_CHECK_RULE_H_
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -47,10 +48,12 @@ struct ExampleClass {
 struct RuleExample {
     std::string_view wrong;
     std::string_view right;
-    std::vector<ExampleClass> classes;  // registered; a stub stands in for all others
+    std::initializer_list<ExampleClass> classes;  // registered; a stub stands in for all others
     bool stub = true;
 };
 
+// Rules are constants of the whole program: their lists are those that they are
+// written with.
 struct Rule {
     const char* code;
     Severity severity;
@@ -64,14 +67,14 @@ struct Rule {
 
     // Codes of findings that only follow from this one, where one pointer leads
     // to the other or below it.
-    std::vector<const char*> silences;
+    std::initializer_list<const char*> silences;
 
     // Looks for the mistake. Null where the check itself finds it.
     void (*run)(const Subject& subject, Reporter* report);
 
     // Codes of findings that follow from this one where they stand at one of its
     // related places.
-    std::vector<const char*> silencesRelated = {};
+    std::initializer_list<const char*> silencesRelated = {};
 };
 
 // Every rule, family by family.

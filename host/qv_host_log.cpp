@@ -177,8 +177,10 @@ struct EndOfArguments {
 
 // Hands a record that passes the filter to the sink. Stands apart, so that a
 // record below the filter pays for none of it.
-[[gnu::noinline]] int emitRecord(QVLogRecord record, va_list arguments) {
-    const std::string message = textOf(record.format, arguments);
+[[gnu::noinline]] QV_PRINTF_FORMAT(1, 0) int emitRecord(const char* format,
+                                                        va_list arguments,
+                                                        QVLogRecord record) {
+    const std::string message = textOf(format, arguments);
     record.message = message.c_str();
     if (const auto sink = sinkNow()) {
         (*sink)(record);
@@ -203,7 +205,7 @@ int qv_log(uint32_t module,
     va_list arguments;
     va_start(arguments, line);
     const EndOfArguments end = {arguments};
-    return emitRecord({module, level, tag, format, function, line, nullptr}, arguments);
+    return emitRecord(format, arguments, {module, level, tag, format, function, line, nullptr});
 }
 
 int qv_err(uint32_t module,
@@ -219,7 +221,7 @@ int qv_err(uint32_t module,
     va_list arguments;
     va_start(arguments, line);
     const EndOfArguments end = {arguments};
-    return emitRecord({module, level, tag, format, function, line, nullptr}, arguments);
+    return emitRecord(format, arguments, {module, level, tag, format, function, line, nullptr});
 }
 
 // A text by itself, which is all that the parser formats, is copied: that takes

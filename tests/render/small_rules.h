@@ -2,6 +2,7 @@
 #ifndef QVGRAPH_TESTS_RENDER_SMALL_RULES_H_
 #define QVGRAPH_TESTS_RENDER_SMALL_RULES_H_
 
+#include <iterator>
 #include <vector>
 
 #include "render/explained_rule.h"
@@ -9,7 +10,7 @@
 
 // Two of one family and one of another.
 inline std::vector<qvgraph::Rule> smallRules() {
-    return {
+    static const qvgraph::Rule RULES[] = {
         {"twice",
          qvgraph::Severity::Warning,
          "text",
@@ -46,6 +47,7 @@ inline std::vector<qvgraph::Rule> smallRules() {
          {},
          nullptr},
     };
+    return {std::begin(RULES), std::end(RULES)};
 }
 
 // The first of them, with what the check would find in its example.
