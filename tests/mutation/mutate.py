@@ -7,6 +7,7 @@ a line that has changed since is tried anew.
 """
 import argparse
 import collections
+import os
 import pathlib
 import random
 import re
@@ -29,6 +30,7 @@ TESTS = {
     "source": ["source_tests"],
     "check": ["check_tests"],
 }
+SCENARIOS = "300"  # of random configurations
 SECONDS = 120  # for one program; an endless loop counts as noticed
 
 Mutant = collections.namedtuple("Mutant", "file number column kind before after")
@@ -100,7 +102,8 @@ def read_results():
 
 def run(command, seconds=None):
     return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                          cwd=WORK, timeout=seconds, check=False)
+                          cwd=WORK, timeout=seconds, check=False,
+                          env={**os.environ, "QVGRAPH_TEST_SCENARIOS": SCENARIOS})
 
 
 def prepare(rooms):
