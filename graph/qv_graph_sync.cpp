@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include "graph/qv_graph_internal.h"
@@ -5,12 +6,38 @@
 
 using json11::Json;
 
+namespace {
+
+// Whether JSON text has the string as it is, between quotes.
+bool isPlain(const std::string& string) {
+    return std::all_of(string.begin(), string.end(), [](char byte) {
+        return byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\';
+    });
+}
+
+// Replaces `text` by what Json::dump writes. That takes strings byte by byte
+// and formats numbers; most options need neither.
+void writeJson(const Json& value, std::string* text) {
+    text->clear();
+    const double number = value.number_value();
+    if (value.is_string() && isPlain(value.string_value())) {
+        *text += '"';
+        *text += value.string_value();
+        *text += '"';
+    } else if (number != 0 && number == toInt32(number)) {
+        *text += std::to_string(toInt32(number));
+    } else {
+        value.dump(*text);
+    }
+}
+
+}  // namespace
+
 int QVGraphParser::syncOptions(QvMetaData* meta, Json opts) const {
     qv_log(QV_INFO("sync to node options, node info:"));
     std::string text;
     for (const auto& member : opts.object_items()) {
-        text.clear();
-        member.second.dump(text);
+        writeJson(member.second, &text);
         qv_log(QV_INFO("option: key = %-16s, opt = %-16s"), member.first.c_str(), text.c_str());
         storeOption(meta, member.first.c_str(), member.second);
     }
