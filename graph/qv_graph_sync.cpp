@@ -8,24 +8,32 @@ using json11::Json;
 
 namespace {
 
-// Whether JSON text has the string as it is, between quotes.
+// Whether JSON text has the string as it is, between quotes: one of printable
+// ASCII without '"' and '\\'.
 bool isPlain(const std::string& string) {
     return std::all_of(string.begin(), string.end(), [](char byte) {
-        return byte >= ' ' && byte <= '~' && byte != '"' && byte != '\\';
+        return (byte >= ']' && byte <= '~') || (byte >= '#' && byte <= '[') || byte == ' ' ||
+               byte == '!';
     });
+}
+
+// Whether JSON text has the value as an integer. A zero may have a sign.
+bool isInteger(const Json& value) {
+    const double number = value.number_value();
+    return number != 0 && number == toInt32(number);
 }
 
 // Replaces `text` by what Json::dump writes. That takes strings byte by byte
 // and formats numbers; most options need neither.
 void writeJson(const Json& value, std::string* text) {
     text->clear();
-    const double number = value.number_value();
-    if (value.is_string() && isPlain(value.string_value())) {
+    const std::string& string = value.string_value();
+    if (value.is_string() && isPlain(string)) {
         *text += '"';
-        *text += value.string_value();
+        *text += string;
         *text += '"';
-    } else if (number != 0 && number == toInt32(number)) {
-        *text += std::to_string(toInt32(number));
+    } else if (isInteger(value)) {
+        *text += std::to_string(toInt32(value.number_value()));
     } else {
         value.dump(*text);
     }
