@@ -17,8 +17,7 @@ std::string differenceFromDump(const json11::Json& value) {
     QVHostMetaData store;
     QVGraphParser().syncOptions(&store, json11::Json::object{{"key", value}});
 
-    // A record ends at the first NUL of the text, as dump has it.
-    std::string text = value.dump().c_str();
+    std::string text = value.dump();
     text.resize(std::max<size_t>(text.size(), 16), ' ');
     const std::string expected =
         QV_LOG_BLUE "option: key = key             , opt = " + text + QV_LOG_PLAIN;
