@@ -48,6 +48,15 @@ def count(folder, run, keep=None):
         return read(out)
 
 
+def count_command(*command):
+    """Counts all of a program, from its start to its end."""
+    with tempfile.TemporaryDirectory() as temporary:
+        out = os.path.join(temporary, "out")
+        subprocess.run(["valgrind", "--tool=callgrind", f"--callgrind-out-file={out}", *command],
+                       check=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        return read(out)
+
+
 def count_all(folder, runs):
     """Counts the runs, as many at a time as there are processors."""
     with ThreadPoolExecutor(os.cpu_count()) as pool:

@@ -9,18 +9,13 @@
 #include <memory>
 #include <string>
 
+#include "bench/desk_graph.h"
 #include "bench/document.h"
-#include "bench/live_graph.h"
 #include "bench/require.h"
 #include "host/qv_host_log.h"
-#include "host/qv_host_meta_data.h"
-#include "host/qv_host_task_graph.h"
-#include "host/qv_node_owner.h"
 #include "host/qv_node_registry.h"
 
 namespace {
-
-using DeskGraph = LiveGraph<QVHostTaskGraph, QVHostMetaData, QVNodeOwner>;
 
 std::string documentOf(const Size& size) {
     return typicalDocument(size.nodes, size.pipeSize);

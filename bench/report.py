@@ -6,7 +6,9 @@ import subprocess
 import sys
 from math import log10
 
-from callgrind import Run, cases, count_all
+from concurrent.futures import ThreadPoolExecutor
+
+from callgrind import Run, cases, count_all, count_command
 
 SIZES = (100, 1000)
 PLOT_SIZES = (100, 1000, 10000)
@@ -38,7 +40,7 @@ def times(folder, work, program, case):
                    check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     with open(out, encoding="utf-8") as file:
         rows = json.load(file)["benchmarks"]
-    return {int(row["name"].split("/")[1]): row["cpu_time"] for row in rows}
+    return {int(row["name"].split("/")[1]): row["real_time"] for row in rows}
 
 
 def table(folder, work):
@@ -65,8 +67,40 @@ def table(folder, work):
     for row in rows:
         if row not in found:
             print(f"\n{row[2]} is not installed: left out")
+    print("\nBytes of the heap for each node:")
+    subprocess.run([os.path.join(folder, "bench_heap")], check=True)
     with open(os.path.join(work, "results.json"), "w", encoding="utf-8") as file:
         json.dump(results, file, indent=2)
+
+
+# ---- The command -------------------------------------------------------------
+
+VERBS = (["inspect"], ["check"], ["draw", "--format", "dot"])
+
+
+def commands(folder, work):
+    """What the verbs of qvgraph, and the usual loop of a framework, cost at 100
+    and at 10000 nodes: in pipes of ten, and in one pipe."""
+    def count(verb, nodes, pipe_size):
+        document = os.path.join(work, f"document-{nodes}-{pipe_size}.json")
+        with open(document, "w", encoding="utf-8") as file:
+            subprocess.run([os.path.join(folder, "write_document"), str(nodes), str(pipe_size)],
+                           check=True, stdout=file)
+        return count_command(os.path.join(work, "cli", "qvgraph"), *verb, document).instructions
+
+    sizes = [(100, 10), (10000, 10), (100, 100), (10000, 10000)]
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        rows = [("qvgraph " + " ".join(verb), [pool.submit(count, verb, *size) for size in sizes])
+                for verb in VERBS]
+        rows = [(name, [count.result() for count in counts]) for name, counts in rows]
+    for program in ("barest", "desk"):
+        loop = count_all(folder, [Run(program, "live", *size) for size in sizes])
+        rows.append((f"live graph, {program}", [count.instructions for count in loop.values()]))
+    print("| | 100 nodes in pipes of ten | 10,000 | times | 100 in one pipe | 10,000 | times |\n"
+          "|---|---:|---:|---:|---:|---:|---:|")
+    for name, (tens, many_tens, one, many_in_one) in rows:
+        print(f"| {name} | {tens:,} | {many_tens:,} | {many_tens / tens:.1f} "
+              f"| {one:,} | {many_in_one:,} | {many_in_one / one:.1f} |")
 
 
 # ---- The plot ---------------------------------------------------------------
@@ -134,7 +168,9 @@ def svg(series):
 
 
 if __name__ == "__main__":
-    if "--plot" in sys.argv[4:]:
+    if "--commands" in sys.argv[4:]:
+        commands(sys.argv[1], sys.argv[2])
+    elif "--plot" in sys.argv[4:]:
         plot(sys.argv[1], sys.argv[2], sys.argv[3])
     else:
         table(sys.argv[1], sys.argv[2])

@@ -1,12 +1,22 @@
 // Any bytes as a string option: the parser takes them apart as the C library's
-// scan does.
+// scan does, and writes them, and the number that they are, into its record as
+// json11's dump does.
+#include <cstring>
 #include <string>
 
 #include "fuzz/harness.h"
+#include "tests/support/same_as_dump.h"
 #include "tests/support/same_as_scan.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::string difference = differenceFromScan(std::string(data, data + size));
-    require(difference.empty(), difference.c_str());
+    const std::string text(data, data + size);
+    double number = 0;
+    if (size >= sizeof(number)) {
+        memcpy(&number, data, sizeof(number));
+    }
+    for (const std::string& difference :
+         {differenceFromScan(text), differenceFromDump(text), differenceFromDump(number)}) {
+        require(difference.empty(), difference.c_str());
+    }
     return 0;
 }

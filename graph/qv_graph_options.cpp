@@ -16,19 +16,28 @@ namespace {
 const size_t TEXT_SIZE = 128;
 
 // A string option in its parts: '<type>:<value>' and whatever follows a second
-// ':'. A part that is missing is empty.
+// ':'. A part that is missing is empty. A type is known by its hash alone.
 struct TypedText {
     char text[TEXT_SIZE];
     char type[TEXT_SIZE];
     char value[TEXT_SIZE];
+    uint64_t typeHash;
 };
 
-// Copies a word, which ends before a ':' or with the text. Returns its end.
-const char* copyWord(const char* text, char* word) {
+// A word's end, and its BKDR string hash with the multiplier 131.
+struct Word {
+    const char* end;
+    uint64_t hash;
+};
+
+// Copies a word, which ends before a ':' or with the text.
+Word copyWord(const char* text, char* word) {
+    uint64_t hash = 0;
     for (; *text != '\0' && *text != ':'; ++text) {
         *word++ = *text;
+        hash = hash * 131 + static_cast<unsigned char>(*text);
     }
-    return text;
+    return {text, hash};
 }
 
 // Splits a string of `length` < TEXT_SIZE bytes, as sscanf would with the
@@ -40,20 +49,11 @@ void split(const char* string, size_t length, TypedText* typed) {
     qv_memset(typed->value, 0, sizeof(typed->value));
     util_snprintf(typed->text, length + 1, "%s", string);
 
-    const char* const end = copyWord(typed->text, typed->type);
-    if (end != typed->text && *end == ':') {
-        copyWord(end + 1, typed->value);
+    const Word type = copyWord(typed->text, typed->type);
+    typed->typeHash = type.hash;
+    if (type.end != typed->text && *type.end == ':') {
+        copyWord(type.end + 1, typed->value);
     }
-}
-
-// BKDR string hash with the multiplier 131. A type word is known by its hash
-// alone.
-uint64_t hashOf(const char* word) {
-    uint64_t hash = 0;
-    for (; *word != '\0'; ++word) {
-        hash = hash * 131 + static_cast<unsigned char>(*word);
-    }
-    return hash;
 }
 
 const uint64_t HASH_INT32 = 0x741fb9a32;
@@ -80,7 +80,7 @@ int storeOption(QvMetaData* meta, const char* key, const Json& value) {
 
     TypedText typed;
     split(string, length, &typed);
-    switch (hashOf(typed.type)) {
+    switch (typed.typeHash) {
         case HASH_INT32: {
             const int32_t number = leadingInt32(typed.value);
             meta->setInt32(key, number);

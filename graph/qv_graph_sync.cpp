@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <string>
 
 #include "graph/qv_graph_internal.h"
@@ -5,12 +6,46 @@
 
 using json11::Json;
 
+namespace {
+
+// Whether JSON text has the string as it is, between quotes: one of printable
+// ASCII without '"' and '\\'.
+bool isPlain(const std::string& string) {
+    return std::all_of(string.begin(), string.end(), [](char byte) {
+        return (byte >= ']' && byte <= '~') || (byte >= '#' && byte <= '[') || byte == ' ' ||
+               byte == '!';
+    });
+}
+
+// Whether JSON text has the value as an integer. A zero may have a sign.
+bool isInteger(const Json& value) {
+    const double number = value.number_value();
+    return number != 0 && number == toInt32(number);
+}
+
+// Replaces `text` by what Json::dump writes. That takes strings byte by byte
+// and formats numbers; most options need neither.
+void writeJson(const Json& value, std::string* text) {
+    text->clear();
+    const std::string& string = value.string_value();
+    if (value.is_string() && isPlain(string)) {
+        *text += '"';
+        *text += string;
+        *text += '"';
+    } else if (isInteger(value)) {
+        *text += std::to_string(toInt32(value.number_value()));
+    } else {
+        value.dump(*text);
+    }
+}
+
+}  // namespace
+
 int QVGraphParser::syncOptions(QvMetaData* meta, Json opts) const {
     qv_log(QV_INFO("sync to node options, node info:"));
     std::string text;
     for (const auto& member : opts.object_items()) {
-        text.clear();
-        member.second.dump(text);
+        writeJson(member.second, &text);
         qv_log(QV_INFO("option: key = %-16s, opt = %-16s"), member.first.c_str(), text.c_str());
         storeOption(meta, member.first.c_str(), member.second);
     }

@@ -1,59 +1,97 @@
 #include "host/qv_host_meta_data.h"
 
-#include <iterator>
-#include <string_view>
-#include <utility>
+#include <algorithm>
+#include <cstring>
+#include <stdexcept>
 
-QVHostMetaData::Pool::~Pool() {
-    while (mBlocks != nullptr) {
-        ::operator delete(std::exchange(mBlocks, mBlocks->next));
-    }
-}
-
-// A block holds its link to the next one in the room of an entry. It stays
-// below the size at which the heap tidies itself up on every request.
-void QVHostMetaData::Pool::addBlock(size_t bytes) {
-    const size_t entries = 6;
-    auto* const block = static_cast<std::byte*>(::operator new((entries + 1) * bytes));
-    mBlocks = new (block) Link{mBlocks};
-    for (size_t i = entries; i > 0; --i) {
-        mFree = new (block + i * bytes) Link{mFree};
-    }
-}
-
-void* QVHostMetaData::Pool::do_allocate(size_t bytes, size_t /*alignment*/) {
-    if (mFree == nullptr) {
-        addBlock(bytes);
-    }
-    return std::exchange(mFree, mFree->next);
-}
-
-void QVHostMetaData::Pool::do_deallocate(void* memory, size_t /*bytes*/, size_t /*alignment*/) {
-    mFree = new (memory) Link{mFree};
-}
-
-// Options come in the order of their keys, one object after the other: most
-// belong at the end.
-template <typename Type>
-int QVHostMetaData::set(const char* key, Type value) {
-    const std::string_view name(key);
-    auto place = mEntries.end();
-    if (!mEntries.empty() && name <= std::prev(place)->first) {
-        place = mEntries.lower_bound(name);
-        if (place->first == name) {
-            place->second = std::move(value);
-            return 0;
+// The first entry whose key is not below `key`. Options come in the order of
+// their keys, one object after the other: most belong at the end, or shortly
+// before.
+QVHostMetaData::Entries::Sorted::const_iterator QVHostMetaData::Entries::placeOf(
+    std::string_view key) const {
+    auto place = mSorted.end();
+    for (int steps = 8; place != mSorted.begin() && !((place - 1)->key < key); --place) {
+        if (steps-- == 0) {
+            return std::lower_bound(
+                mSorted.begin(), place, key, [](const Entry& entry, std::string_view name) {
+                    return entry.key < name;
+                });
         }
     }
-    mEntries.emplace_hint(place, name, std::move(value));
-    return 0;
+    return place;
+}
+
+bool QVHostMetaData::Entries::isAt(Sorted::const_iterator place, std::string_view key) const {
+    return place != mSorted.end() && place->key == key;
+}
+
+// The entry under `key`; null when there is none. Most keys differ in length:
+// among a few, looking at each is quicker than halving.
+const QVHostMetaData::Entries::Entry* QVHostMetaData::Entries::find(std::string_view key) const {
+    if (mSorted.size() > 32) {
+        const auto place = placeOf(key);
+        return isAt(place, key) ? &*place : nullptr;
+    }
+    for (const Entry& entry : mSorted) {
+        if (entry.key == key) {
+            return &entry;
+        }
+    }
+    return nullptr;
 }
 
 // The value under `key`; null when there is none of that type.
 template <typename Type>
-const Type* QVHostMetaData::find(const char* key) const {
-    const auto entry = mEntries.find(std::string_view(key));
-    return entry != mEntries.end() ? std::get_if<Type>(&entry->second) : nullptr;
+const Type* QVHostMetaData::Entries::find(std::string_view key) const {
+    const Entry* entry = find(key);
+    return entry != nullptr ? std::get_if<Type>(&entry->value) : nullptr;
+}
+
+// A copy of the string, NUL-terminated.
+const char* QVHostMetaData::Entries::keep(std::string_view string) {
+    char* const copy = static_cast<char*>(mMemory.allocate(string.size() + 1, 1));
+    memcpy(copy, string.data(), string.size());
+    copy[string.size()] = '\0';
+    return copy;
+}
+
+template <typename Number>
+Number QVHostMetaData::Entries::keep(Number number) {
+    return number;
+}
+
+// Changes nothing when memory runs out.
+template <typename Type>
+int QVHostMetaData::Entries::set(std::string_view key, Type value) {
+    const auto place = mSorted.begin() + (placeOf(key) - mSorted.cbegin());
+    if (isAt(place, key)) {
+        place->value = keep(value);
+    } else {
+        const std::string_view name(keep(key), key.size());
+        mSorted.insert(place, {name, keep(value)});
+    }
+    return 0;
+}
+
+int QVHostMetaData::Entries::remove(std::string_view key) {
+    const Entry* entry = find(key);
+    if (entry == nullptr) {
+        return 0;
+    }
+    mSorted.erase(mSorted.begin() + (entry - mSorted.data()));
+    return 1;
+}
+
+QVHostMetaData::Value QVHostMetaData::Entries::valueOf(const Entry& entry) {
+    return std::visit([](auto kept) -> Value { return kept; }, entry.value);
+}
+
+QVHostMetaData::Value QVHostMetaData::Entries::at(std::string_view key) const {
+    const Entry* entry = find(key);
+    if (entry == nullptr) {
+        throw std::out_of_range("no entry under this key");
+    }
+    return valueOf(*entry);
 }
 
 namespace {
@@ -71,47 +109,37 @@ int copyFound(const Type* found, Type* value) {
 }  // namespace
 
 int QVHostMetaData::setCString(const char* key, const char* value) {
-    return set(key, std::string(value));
+    return mEntries.set(key, std::string_view(value));
 }
 
 int QVHostMetaData::setInt32(const char* key, int32_t value) {
-    return set(key, value);
+    return mEntries.set(key, value);
 }
 
 int QVHostMetaData::setInt64(const char* key, int64_t value) {
-    return set(key, value);
+    return mEntries.set(key, value);
 }
 
 int QVHostMetaData::setFloat(const char* key, float value) {
-    return set(key, value);
+    return mEntries.set(key, value);
 }
 
 int QVHostMetaData::remove(const char* key) {
-    const auto entry = mEntries.find(std::string_view(key));
-    if (entry == mEntries.end()) {
-        return 0;
-    }
-    mEntries.erase(entry);
-    return 1;
+    return mEntries.remove(key);
 }
 
 int QVHostMetaData::findCString(const char* key, const char** value) {
-    const auto* found = find<std::string>(key);
-    if (found == nullptr) {
-        return 0;
-    }
-    *value = found->c_str();
-    return 1;
+    return copyFound(mEntries.find<const char*>(key), value);
 }
 
 int QVHostMetaData::findInt32(const char* key, int32_t* value) {
-    return copyFound(find<int32_t>(key), value);
+    return copyFound(mEntries.find<int32_t>(key), value);
 }
 
 int QVHostMetaData::findInt64(const char* key, int64_t* value) {
-    return copyFound(find<int64_t>(key), value);
+    return copyFound(mEntries.find<int64_t>(key), value);
 }
 
 int QVHostMetaData::findFloat(const char* key, float* value) {
-    return copyFound(find<float>(key), value);
+    return copyFound(mEntries.find<float>(key), value);
 }

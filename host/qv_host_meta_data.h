@@ -2,13 +2,16 @@
 #ifndef QVGRAPH_HOST_QV_HOST_META_DATA_H_
 #define QVGRAPH_HOST_QV_HOST_META_DATA_H_
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
-#include <map>
+#include <iterator>
 #include <memory_resource>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <variant>
+#include <vector>
 
 #include "framework/qv_meta_data.h"
 
@@ -20,6 +23,10 @@
 //   parser.syncLinkOptions(&options, 0, 1);
 //   for (const auto& [key, value] : options.entries()) ...
 //
+// Made for the dozens of options of a node: all of a store is in one block of
+// memory as long as it is small, a new key moves the entries behind it, and
+// strings that are replaced or removed take their memory until the store ends.
+//
 // Thread safety: as a standard container; it must not be changed while another
 // thread uses it.
 class QVHostMetaData : public QvMetaData {
@@ -27,7 +34,70 @@ public:
     // The types in the order in which they are told: string, 32-bit and 64-bit
     // integer, 32-bit float.
     using Value = std::variant<std::string, int32_t, int64_t, float>;
-    using Entries = std::pmr::map<std::string, Value, std::less<>>;
+
+    // What a store holds, in key order. Keys and values are made when they are
+    // looked at.
+    class Entries {
+        struct Entry {
+            std::string_view key;
+            std::variant<const char*, int32_t, int64_t, float> value;
+        };
+        using Sorted = std::pmr::vector<Entry>;
+
+    public:
+        class Iterator {
+        public:
+            using iterator_category = std::input_iterator_tag;
+            using value_type = std::pair<std::string, Value>;
+            using difference_type = std::ptrdiff_t;
+            using pointer = void;
+            using reference = value_type;
+
+            explicit Iterator(Sorted::const_iterator place) : mPlace(place) {}
+            reference operator*() const { return {std::string(mPlace->key), valueOf(*mPlace)}; }
+            Iterator& operator++() {
+                ++mPlace;
+                return *this;
+            }
+            bool operator==(const Iterator& other) const { return mPlace == other.mPlace; }
+            bool operator!=(const Iterator& other) const { return mPlace != other.mPlace; }
+
+        private:
+            Sorted::const_iterator mPlace;
+        };
+
+        Iterator begin() const { return Iterator(mSorted.begin()); }
+        Iterator end() const { return Iterator(mSorted.end()); }
+        bool empty() const { return mSorted.empty(); }
+        size_t size() const { return mSorted.size(); }
+        size_t count(std::string_view key) const { return find(key) != nullptr ? 1 : 0; }
+
+        // Throws std::out_of_range when there is nothing under `key`.
+        Value at(std::string_view key) const;
+
+    private:
+        friend class QVHostMetaData;
+
+        static Value valueOf(const Entry& entry);
+
+        Entries() { mSorted.reserve(11); }
+        template <typename Type>
+        int set(std::string_view key, Type value);
+        int remove(std::string_view key);
+        const Entry* find(std::string_view key) const;
+        template <typename Type>
+        const Type* find(std::string_view key) const;
+
+        Sorted::const_iterator placeOf(std::string_view key) const;
+        bool isAt(Sorted::const_iterator place, std::string_view key) const;
+        const char* keep(std::string_view string);
+        template <typename Number>
+        Number keep(Number number);
+
+        std::array<std::byte, 544> mFirstMemory;
+        std::pmr::monotonic_buffer_resource mMemory{mFirstMemory.data(), mFirstMemory.size()};
+        Sorted mSorted{&mMemory};
+    };
 
     // The setters return 0. A key may be empty.
     int setCString(const char* key, const char* value) override;
@@ -44,38 +114,7 @@ public:
     const Entries& entries() const { return mEntries; }
 
 private:
-    template <typename Type>
-    int set(const char* key, Type value);
-    template <typename Type>
-    const Type* find(const char* key) const;
-
-    // The memory of the entries, which all have one size: a few at a time, and
-    // what was freed is used again.
-    class Pool : public std::pmr::memory_resource {
-    public:
-        Pool() = default;
-        ~Pool() override;
-        Pool(const Pool&) = delete;
-        Pool& operator=(const Pool&) = delete;
-
-    private:
-        struct Link {
-            Link* next;
-        };
-
-        void* do_allocate(size_t bytes, size_t alignment) override;
-        void do_deallocate(void* memory, size_t bytes, size_t alignment) override;
-        bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override {
-            return this == &other;
-        }
-        void addBlock(size_t bytes);
-
-        Link* mFree = nullptr;
-        Link* mBlocks = nullptr;
-    };
-
-    Pool mPool;
-    Entries mEntries{&mPool};
+    Entries mEntries;
 };
 
 #endif  // QVGRAPH_HOST_QV_HOST_META_DATA_H_

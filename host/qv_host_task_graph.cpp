@@ -13,7 +13,7 @@ QVHostTaskGraph::Stream* QVHostTaskGraph::streamNamed(const std::string& name) {
     const auto [known, isNew] = mIds.try_emplace(name, next);
     if (isNew) {
         try {
-            mStreams.push_back(Stream{next, name, std::nullopt, {}});
+            mStreams.push_back(Stream{next, name, std::nullopt, std::pmr::vector<int>(&mMemory)});
         } catch (...) {
             mIds.erase(known);
             throw;
@@ -28,7 +28,7 @@ int QVHostTaskGraph::addInputStream(std::string name) {
         return -1;
     }
     Stream* stream = streamNamed(name);
-    std::vector<int>& consumers = stream->consumers;
+    std::pmr::vector<int>& consumers = stream->consumers;
     if (std::find(consumers.begin(), consumers.end(), mNode) == consumers.end()) {
         consumers.push_back(mNode);
     }

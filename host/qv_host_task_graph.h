@@ -2,6 +2,7 @@
 #ifndef QVGRAPH_HOST_QV_HOST_TASK_GRAPH_H_
 #define QVGRAPH_HOST_QV_HOST_TASK_GRAPH_H_
 
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -24,8 +25,8 @@ public:
     struct Stream {
         int id = 0;
         std::string name;
-        std::optional<int> producer;  // the node that gives the stream
-        std::vector<int> consumers;   // the nodes that take it, each once
+        std::optional<int> producer;      // the node that gives the stream
+        std::pmr::vector<int> consumers;  // the nodes that take it, each once
     };
 
     // A stream that was refused.
@@ -34,6 +35,8 @@ public:
         bool input = false;
         std::optional<int> producer;  // who gives the stream already
     };
+
+    QVHostTaskGraph() { mStreams.reserve(12); }
 
     // The streams registered from now on are those of `node`: any number by
     // which the caller tells nodes apart. Before the first call it is 0.
@@ -52,8 +55,10 @@ private:
     Stream* streamNamed(const std::string& name);
 
     int mNode = 0;
+    // Streams come and never go: what belongs to them is freed as a whole.
+    std::pmr::monotonic_buffer_resource mMemory{900};
     std::vector<Stream> mStreams;
-    std::unordered_map<std::string, int> mIds;
+    std::pmr::unordered_map<std::string, int> mIds{&mMemory};
     std::optional<Refusal> mRefusal;
 };
 

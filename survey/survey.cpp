@@ -89,6 +89,10 @@ const SetKind EXECUTORS = {
     "executor_", &QVGraphParser::getExecNum, &QVGraphParser::syncExecOptions};
 const SetKind LINKS = {"link_", &QVGraphParser::getLinkNum, &QVGraphParser::syncLinkOptions};
 
+Options optionsOf(const QVHostMetaData& store) {
+    return {store.entries().begin(), store.entries().end()};
+}
+
 std::vector<OptionSet> surveySets(const QVGraphParser& parser, int pipe, const SetKind& kind) {
     const json11::Json& members = parser.root()[indexedKey("pipe_", pipe)];
     (parser.*kind.num)(pipe);  // for its records
@@ -101,7 +105,7 @@ std::vector<OptionSet> surveySets(const QVGraphParser& parser, int pipe, const S
         set.key = keyIn(members, kind.prefix, set.id);
         QVHostMetaData store;
         (parser.*kind.syncOptions)(&store, pipe, set.id);
-        set.options = store.entries();
+        set.options = optionsOf(store);
         sets.push_back(std::move(set));
     }
     return sets;
@@ -114,7 +118,7 @@ Options storedOptions(const QVGraphParser& parser, const json11::Json& node) {
          {"node_opts", "stream_opts", "node_opts_extra", "stream_opts_extra"}) {
         parser.syncOptions(&store, node[object]);
     }
-    return store.entries();
+    return optionsOf(store);
 }
 
 Stream surveyStream(const QVHostTaskGraph::Stream& registered) {

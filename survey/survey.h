@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,7 +24,7 @@
 namespace qvgraph {
 
 // What a store holds, in key order.
-using Options = QVHostMetaData::Entries;
+using Options = std::map<std::string, QVHostMetaData::Value, std::less<>>;
 
 // How setting a node up ended.
 enum class Outcome {

@@ -12,6 +12,7 @@
 #include <functional>
 #include <new>
 #include <string>
+#include <vector>
 
 #include "graph/qv_graph_parser.h"
 #include "host/qv_host_log.h"
@@ -71,12 +72,25 @@ void wrappedDump(const Json* value, std::string& text) {
 
 namespace {
 
+// Members of an option object, of more than a store holds without memory.
+std::string manyOptions() {
+    std::string members;
+    for (int i = 0; i < 30; ++i) {
+        members += "\"option " + std::to_string(i) + "\": \"" + std::string(100, 'x') + "\", ";
+    }
+    return members;
+}
+
 // Names, formats and options that no string keeps in place.
-const char* const DOCUMENT = R"({"pipe_0": {
+const std::string DOCUMENT =
+    R"({"pipe_0": {
     "default_mode_link": "a link mode that is not kept in place",
     "thread_opts": {"exec_thread_num": 4},
-    "executor_1": {"executor_opts": {"name": "a name that is not kept in place", "priority": 3}},
-    "link_2": {"depth": "int64:0x10", "gain": "double:0.5", "a key that is not kept in place": 1},
+    "executor_1": {"executor_opts": {)" +
+    manyOptions() + R"("name": "a name that is not kept in place", "priority": 3}},
+    "link_2": {)" +
+    manyOptions() +
+    R"("depth": "int64:0x10", "gain": "double:0.5", "a key that is not kept in place": 1},
     "node_3": {
         "node_opts": {"node_name": "a class that is not kept in place", "fps": "int32:25"},
         "node_opts_extra": {"gain": "float:0.5", "too long": "0123456789012345678901234567890123456789012345678901234567890123456789012345678901234567890123456789012345678901234567890123456789"},
@@ -95,7 +109,7 @@ class ExhaustionTest : public testing::TestWithParam<int> {
 protected:
     void SetUp() override {
         QVNodeRegistry::instance().setStub(true);
-        ASSERT_EQ(loaded.parseConfigText(DOCUMENT), 0);
+        ASSERT_EQ(loaded.parseConfigText(DOCUMENT.c_str()), 0);
     }
     void TearDown() override { QVNodeRegistry::instance().setStub(false); }
 
@@ -243,23 +257,26 @@ TEST_P(ExhaustionTest, LinkMode) {
     AssertStandsExhaustion(1, [this] { loaded.getDefaultLinkMode(0); });
 }
 
-TEST_P(ExhaustionTest, OneOption) {
-    const Json value = "a value that is not kept in place";
-    AssertStandsExhaustion(2, [&] {
+TEST_P(ExhaustionTest, OneOptionAfterTheOther) {
+    const Json value = std::string(100, 'x');
+    const std::vector<const char*> keys = {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"};
+    AssertStandsExhaustion(1, [&] {
         QVHostMetaData store;
-        loaded.parseOptions(&store, "a key that is not kept in place", value);
+        for (const char* key : keys) {
+            loaded.parseOptions(&store, key, value);
+        }
     });
 }
 
 TEST_P(ExhaustionTest, OptionsOfAnExecutor) {
-    AssertStandsExhaustion(1, [this] {
+    AssertStandsExhaustion(3, [this] {
         QVHostMetaData store;
         loaded.syncExecOptions(&store, 0, 1);
     });
 }
 
 TEST_P(ExhaustionTest, OptionsOfALink) {
-    AssertStandsExhaustion(1, [this] {
+    AssertStandsExhaustion(3, [this] {
         QVHostMetaData store;
         loaded.syncLinkOptions(&store, 0, 2);
     });
@@ -300,7 +317,7 @@ const int OUT_OF_ORDER = 2;
 // inside json11 among them, and leaves the process.
 [[noreturn]] void loadAndLeave(int number, bool once) {
     QVGraphParser parser;
-    parser.parseConfigText(DOCUMENT);
+    parser.parseConfigText(DOCUMENT.c_str());
     failsInsideJson11 = true;
     allocations.failsOnce = once;
     allocations.untilFailure = number;

@@ -7,6 +7,7 @@
 #include <functional>
 #include <limits>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <variant>
 #include <vector>
@@ -292,6 +293,35 @@ TEST_F(MetaDataTest, EntriesStandInTheByteOrderOfTheirKeys) {
         actual.push_back(entry.first);
     }
     EXPECT_EQ(actual, ordered);
+}
+
+TEST_F(MetaDataTest, KeysOfAnyNumberAndOrderAreFound) {
+    for (const int number : {10, 32, 33, 1000}) {
+        QVHostMetaData many;
+        for (int i = 0; i < number; ++i) {
+            many.setInt32(std::to_string(i * 7 % number).c_str(), i);
+        }
+        std::string before;
+        for (const auto& [key, value] : many.entries()) {
+            EXPECT_LT(before, key);
+            before = key;
+        }
+        EXPECT_EQ(many.entries().size(), static_cast<size_t>(number));
+        for (int i = 0; i < number; ++i) {
+            int32_t found = -1;
+            EXPECT_NE(many.findInt32(std::to_string(i * 7 % number).c_str(), &found), 0);
+            EXPECT_EQ(found, i);
+        }
+        EXPECT_EQ(many.entries().count("x"), 0U);
+    }
+}
+
+TEST_F(MetaDataTest, EntriesAreAskedForAKeyAsAMapIs) {
+    store.setFloat("gain", 0.5F);
+    EXPECT_EQ(entries.count("gain"), 1U);
+    EXPECT_EQ(entries.count("gai"), 0U);
+    EXPECT_EQ(entries.at("gain"), QVHostMetaData::Value(0.5F));
+    EXPECT_THROW(entries.at("gai"), std::out_of_range);
 }
 
 TEST_F(MetaDataTest, EmptyKeyIsAKeyLikeAnyOther) {

@@ -1,5 +1,6 @@
 #include "tests/support/counted_allocations.h"
 
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
@@ -53,5 +54,19 @@ void operator delete(void* memory, size_t /*size*/) noexcept {
     release(memory);
 }
 void operator delete[](void* memory, size_t /*size*/) noexcept {
+    release(memory);
+}
+
+// Memory resources ask for an alignment, if only for the usual one.
+void* operator new(size_t size, std::align_val_t alignment) {
+    if (static_cast<size_t>(alignment) > alignof(std::max_align_t)) {
+        abort();
+    }
+    return allocate(size);
+}
+void operator delete(void* memory, std::align_val_t /*alignment*/) noexcept {
+    release(memory);
+}
+void operator delete(void* memory, size_t /*size*/, std::align_val_t /*alignment*/) noexcept {
     release(memory);
 }
