@@ -1,11 +1,13 @@
-// The manual pages say what the command says: qvgraph(1) has the verbs and
-// options of its help, qvgraph-config(5) the keys of the check's table.
+// The manual says what the command says: qvgraph(1) has the verbs and options of
+// its help, qvgraph-config(5) and docs/configuration.md the keys of the check's
+// table, and the latter what becomes of every mistake that the check knows.
 #include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "check/known_keys.h"
+#include "check/rule.h"
 #include "tests/cli/command_test.h"
 
 namespace {
@@ -112,6 +114,25 @@ TEST_F(ManualTest, HasEveryKeyOfAConfiguration) {
         const std::string name(key.name);
         const std::regex item(key.family ? "Cm " + name + " Ns Ar [A-Z]" : "Cm " + name + "\\b");
         EXPECT_TRUE(std::regex_search(named, item)) << name;
+    }
+}
+
+// In an example: as a member, of any index.
+TEST_F(ManualTest, ThePageHasEveryKeyInAnExample) {
+    const std::string text = readFile(QVGRAPH_SOURCE_DIR "/docs/configuration.md");
+    for (const qvgraph::KnownKey& key : qvgraph::knownKeys()) {
+        const std::string name = std::string(key.name) + (key.family ? "[0-9a-z]+" : "");
+        const std::regex member("\n +.*\"" + name + "\": ");
+        EXPECT_TRUE(std::regex_search(text, member)) << name;
+    }
+}
+
+TEST_F(ManualTest, ThePageHasEveryMistake) {
+    const std::string text = readFile(QVGRAPH_SOURCE_DIR "/docs/configuration.md");
+    for (const qvgraph::Rule& rule : qvgraph::rules()) {
+        const std::string code(rule.code);
+        const std::string link = "[`" + code + "`](rules.md#" + code + ")";
+        EXPECT_NE(text.find(link), std::string::npos) << code;
     }
 }
 
