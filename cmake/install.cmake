@@ -15,6 +15,9 @@ endif()
 set(QVGRAPH_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/qvgraph)
 set(QVGRAPH_PKG_CONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
+set(QVGRAPH_ZSH_DIR ${CMAKE_INSTALL_DATADIR}/zsh/site-functions CACHE STRING
+    "Where completions for zsh are installed; in Debian's packages, share/zsh/vendor-completions")
+
 # Below 1.0, a minor version may change what a program was linked with.
 set(QVGRAPH_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 
@@ -67,7 +70,7 @@ function(qvgraph_install_package)
         install(FILES completions/qvgraph.bash RENAME qvgraph
             DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
         install(FILES completions/_qvgraph
-            DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/site-functions COMPONENT tools)
+            DESTINATION ${QVGRAPH_ZSH_DIR} COMPONENT tools)
         install(FILES docs/man/qvgraph.1
             DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
         install(FILES docs/man/qvgraph-config.5

@@ -1,7 +1,7 @@
 # What the tests of this folder share. Each runs with
 #
 #   cmake -D SOURCE=... -D BUILD=... -D WORK=... -D "ARGUMENTS=..."
-#         -D "EMULATOR=..." -P TEST.cmake
+#         -D "EMULATOR=..." -D NM=... -D READELF=... -P TEST.cmake
 #
 # ARGUMENTS go to CMake when it configures a project.
 cmake_minimum_required(VERSION 3.25)

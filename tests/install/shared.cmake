@@ -9,13 +9,13 @@ run(${CMAKE_COMMAND} --install ${WORK}/build)
 set(parser ${WORK}/prefix/lib/libqvgraph_parser.so)
 set(host ${WORK}/prefix/lib/libqvgraph_host.so)
 
-run(readelf -d ${parser} ${host})
+run(${READELF} -d ${parser} ${host})
 string(REGEX MATCHALL "soname: \\[[^]]*\\]" names "${printed}")
 expect("${names}" "soname: [libqvgraph_parser.so.0.1];soname: [libqvgraph_host.so.0.1]")
 
 # The demangled names of a library's symbols of some kinds, without arguments.
 function(symbols library kinds result)
-    run(nm -DC ${library})
+    run(${NM} -DC ${library})
     string(REGEX MATCHALL " ${kinds} [^(\n@]*" found "${printed}")
     list(TRANSFORM found REPLACE " ${kinds} " "")
     list(REMOVE_DUPLICATES found)
