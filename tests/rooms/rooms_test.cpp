@@ -99,7 +99,7 @@ TEST(RoomsTest, ThePictureOfTheDesignIsOfThisRule) {
     Names rule;
     for (const auto& [room, allowed] : ROOMS) {
         for (const std::string& other : allowed) {
-            rule.insert(room + " -> " + other);
+            rule.insert((room + " -> ").append(other));
         }
     }
     EXPECT_EQ(arrowsIn("design.dot", "\"?([a-z]+)\"? -> \"?([a-z]+)\"?"), rule);
