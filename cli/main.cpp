@@ -4,6 +4,7 @@
 #include <exception>
 #include <memory>
 #include <new>
+#include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 
@@ -49,6 +50,16 @@ public:
     }
 };
 
+// The command, and the libraries that are a part of it.
+std::string versions() {
+    std::ostringstream text;
+    text << "qvgraph " QVGRAPH_VERSION "\n"
+         << "json11 " QVGRAPH_JSON11_VERSION ", CLI11 " CLI11_VERSION ", nlohmann_json "
+         << NLOHMANN_JSON_VERSION_MAJOR << '.' << NLOHMANN_JSON_VERSION_MINOR << '.'
+         << NLOHMANN_JSON_VERSION_PATCH;
+    return text.str();
+}
+
 // What is wrong with the arguments, and where help is.
 std::string explain(const CLI::App& app, const CLI::ParseError& error) {
     const auto verbs = app.get_subcommands();
@@ -66,7 +77,7 @@ std::string explain(const CLI::App& app, const CLI::ParseError& error) {
 
 ExitCode run(int argc, char** argv) {
     CLI::App app(DESCRIPTION, "qvgraph");
-    app.set_version_flag("--version", "qvgraph " QVGRAPH_VERSION);
+    app.set_version_flag("--version", versions());
     app.require_subcommand(1);
     app.formatter(std::make_shared<HelpFormatter>());
     ExitCode code = ExitCode::Clean;

@@ -1,5 +1,11 @@
-# qvgraph_install(TARGET...): installs libraries with their headers and exports
-# them under the namespace qvgraph::.
+# What is installed, in three components: "dev", the libraries with headers and
+# what CMake and pkg-config read; "runtime", libraries that are shared; "tools",
+# the command with its schema, manual and completions.
+#
+# qvgraph_install(TARGET SYMBOLS): installs a library with its headers and
+# exports it under the namespace qvgraph::. Where it is a shared one, it is named
+# by the version, and SYMBOLS, a linker's version script, says what it shows.
+# qvgraph_install_pkg_config(NAME DESCRIPTION REQUIRES LIBS): NAME.pc.
 # qvgraph_install_package(): what find_package(qvgraph CONFIG) reads.
 
 if(QVGRAPH_INSTALL AND NOT json11_FOUND)
@@ -7,12 +13,42 @@ if(QVGRAPH_INSTALL AND NOT json11_FOUND)
     set(QVGRAPH_INSTALL OFF)
 endif()
 set(QVGRAPH_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/qvgraph)
+set(QVGRAPH_PKG_CONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
-function(qvgraph_install)
+set(QVGRAPH_ZSH_DIR ${CMAKE_INSTALL_DATADIR}/zsh/site-functions CACHE STRING
+    "Where completions for zsh are installed; in Debian's packages, share/zsh/vendor-completions")
+
+# Below 1.0, a minor version may change what a program was linked with.
+set(QVGRAPH_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+
+function(qvgraph_install target)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "SHARED_LIBRARY")
+        set(symbols ${CMAKE_CURRENT_SOURCE_DIR}/${ARGV1})
+        set_target_properties(${target} PROPERTIES
+            VERSION ${PROJECT_VERSION}
+            SOVERSION ${QVGRAPH_SOVERSION}
+            LINK_DEPENDS ${symbols})
+        target_link_options(${target} PRIVATE LINKER:--version-script=${symbols})
+    endif()
     if(QVGRAPH_INSTALL)
-        install(TARGETS ${ARGV}
+        install(TARGETS ${target}
             EXPORT qvgraphTargets
-            FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qvgraph)
+            LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev
+            ARCHIVE COMPONENT dev
+            FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qvgraph COMPONENT dev)
+    endif()
+endfunction()
+
+function(qvgraph_install_pkg_config NAME DESCRIPTION REQUIRES LIBS)
+    if(QVGRAPH_INSTALL)
+        # From the file's own folder, so that the whole may be moved.
+        file(RELATIVE_PATH PREFIX
+            ${CMAKE_INSTALL_PREFIX}/${QVGRAPH_PKG_CONFIG_DIR} ${CMAKE_INSTALL_PREFIX})
+        string(REGEX REPLACE "/$" "" PREFIX ${PREFIX})
+        configure_file(${PROJECT_SOURCE_DIR}/cmake/qvgraph.pc.in ${NAME}.pc @ONLY)
+        install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${NAME}.pc
+            DESTINATION ${QVGRAPH_PKG_CONFIG_DIR} COMPONENT dev)
     endif()
 endfunction()
 
@@ -24,8 +60,20 @@ function(qvgraph_install_package)
     configure_package_config_file(cmake/qvgraphConfig.cmake.in qvgraphConfig.cmake
         INSTALL_DESTINATION ${QVGRAPH_CMAKE_DIR})
     write_basic_package_version_file(qvgraphConfigVersion.cmake COMPATIBILITY SameMinorVersion)
-    install(EXPORT qvgraphTargets NAMESPACE qvgraph:: DESTINATION ${QVGRAPH_CMAKE_DIR})
+    install(EXPORT qvgraphTargets NAMESPACE qvgraph:: DESTINATION ${QVGRAPH_CMAKE_DIR} COMPONENT dev)
     install(FILES
         ${PROJECT_BINARY_DIR}/qvgraphConfig.cmake ${PROJECT_BINARY_DIR}/qvgraphConfigVersion.cmake
-        DESTINATION ${QVGRAPH_CMAKE_DIR})
+        DESTINATION ${QVGRAPH_CMAKE_DIR} COMPONENT dev)
+    if(QVGRAPH_BUILD_TOOLS)
+        install(FILES schema/graph.schema.json
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/qvgraph COMPONENT tools)
+        install(FILES completions/qvgraph.bash RENAME qvgraph
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
+        install(FILES completions/_qvgraph
+            DESTINATION ${QVGRAPH_ZSH_DIR} COMPONENT tools)
+        install(FILES docs/man/qvgraph.1
+            DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
+        install(FILES docs/man/qvgraph-config.5
+            DESTINATION ${CMAKE_INSTALL_MANDIR}/man5 COMPONENT tools)
+    endif()
 endfunction()

@@ -18,3 +18,15 @@ if(TARGET json11_static)
 else()
     set(QVGRAPH_JSON11 json11)
 endif()
+
+# Its version, which neither its header nor its CMake package tells: what is
+# fetched is as said above, and an installed one has a file of pkg-config's.
+set(QVGRAPH_JSON11_VERSION "1.0.0")
+if(json11_FOUND)
+    set(QVGRAPH_JSON11_VERSION "of an unknown version")
+    set(described_by ${json11_DIR}/../../pkgconfig/json11.pc)
+    if(EXISTS ${described_by})
+        file(STRINGS ${described_by} version REGEX "^Version: ")
+        string(REGEX REPLACE "^Version: " "" QVGRAPH_JSON11_VERSION "${version}")
+    endif()
+endif()

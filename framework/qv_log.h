@@ -90,6 +90,7 @@ void* qv_memset(void* memory, int value, size_t size);
 // REQUIRES: that file defines QV_LOG_MODULE (the module word), QV_LOG_TAG (the
 // tag) and QV_LOG_FUNCTION (the name of the function that reports).
 
+// The formats of their records.
 #define QV_ASSERT_FORMAT QV_LOG_RED "Assertion %s failed at %s:%d\n" QV_LOG_PLAIN
 #define CHECK_UE_FORMAT QV_LOG_RED "%s(%d): %s failed. actual %d vs exp %d\n" QV_LOG_PLAIN
 

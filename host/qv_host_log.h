@@ -17,7 +17,7 @@
 
 // One record, as a sink receives it. The pointers are valid during that call.
 struct QVLogRecord {
-    uint32_t module;
+    uint32_t module;       // 0x18181802 in the parser's records
     int level;             // lower is more severe
     const char* tag;       // who logs
     const char* format;    // as the caller wrote it, colour included
@@ -56,6 +56,7 @@ std::string qv_log_line(const QVLogRecord& record, bool colour);
 // Sets level and sink, and at the end of its scope puts back what was there.
 class QVLogScope {
 public:
+    // As qv_log_set_level and qv_log_set_sink.
     QVLogScope(int level, QVLogSink sink);
     ~QVLogScope();
 

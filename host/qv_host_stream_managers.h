@@ -9,11 +9,12 @@
 
 // What a manager was bound to by initialize.
 struct QVStreamBinding {
-    std::string name;
-    int streamId = 0;
-    int nodeId = 0;
+    std::string name;  // the stream's
+    int streamId = 0;  // what the task graph gave for it
+    int nodeId = 0;    // the node that gives or takes the stream
 };
 
+// The end at which a node takes a stream.
 class QVHostInputStreamManager : public QVInputStreamManager {
 public:
     int initialize(const std::string& name, int streamId, int nodeId) override;
@@ -30,7 +31,7 @@ private:
     std::optional<std::string> mFormat;
 };
 
-// Its format is mStreamType.
+// The end at which a node gives a stream. Its format is mStreamType.
 class QVHostOutputStreamManager : public QVOutputStreamManager {
 public:
     int initialize(const std::string& name, int streamId, int nodeId) override;

@@ -22,17 +22,18 @@
 // thread uses it.
 class QVHostTaskGraph : public QVTaskGraphConfig {
 public:
+    // A stream, with the nodes at its ends.
     struct Stream {
-        int id = 0;
-        std::string name;
+        int id = 0;                       // its place among the streams, from 0
+        std::string name;                 // not empty
         std::optional<int> producer;      // the node that gives the stream
         std::pmr::vector<int> consumers;  // the nodes that take it, each once
     };
 
     // A stream that was refused.
     struct Refusal {
-        std::string name;  // empty: that is why
-        bool input = false;
+        std::string name;             // empty: that is why
+        bool input = false;           // taken by addInputStream
         std::optional<int> producer;  // who gives the stream already
     };
 

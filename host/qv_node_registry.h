@@ -21,6 +21,7 @@
 // Thread safety: every function may be called from any thread.
 class QVNodeRegistry final : public QVNodeClassRegistry {
 public:
+    // The registry, made by the first call.
     static QVNodeRegistry& instance();
 
     int registerClass(const QVNodeClass& nodeClass) override;
@@ -33,8 +34,8 @@ public:
 
     // A registered class, and where it comes from; empty for the program.
     struct Entry {
-        std::string name;
-        std::string origin;
+        std::string name;    // of the class
+        std::string origin;  // a library's path
     };
 
     // Whether a class of that name is registered.

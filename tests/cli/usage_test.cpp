@@ -1,4 +1,5 @@
 // How the command is called, and what it says of wrong calls.
+#include <regex>
 #include <string>
 
 #include "tests/cli/command_test.h"
@@ -63,8 +64,13 @@ TEST_F(UsageTest, HelpNamesEveryOptionOfInspect) {
     }
 }
 
-TEST_F(UsageTest, TellsItsVersion) {
-    AssertRuns({"--version"}, 0, "qvgraph " QVGRAPH_VERSION "\n", "");
+TEST_F(UsageTest, TellsItsVersionAndThoseOfItsLibraries) {
+    const ProcessResult result = Run({"--version"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.err, "");
+    const std::regex versions("qvgraph " QVGRAPH_VERSION
+                              "\njson11 [0-9.]+, CLI11 [0-9.]+, nlohmann_json [0-9.]+\n");
+    EXPECT_TRUE(std::regex_match(result.out, versions)) << result.out;
 }
 
 TEST_F(UsageTest, WantsAVerb) {

@@ -4,7 +4,9 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -76,6 +78,32 @@ TEST(RoomsTest, EveryRoomIncludesOnlyWhatItMay) {
             }
         }
     }
+}
+
+// Every match of an arrow's expression in a file of docs/, as "from -> to".
+Names arrowsIn(const std::string& name, const char* expression) {
+    std::ifstream file(fs::path(QVGRAPH_SOURCE_DIR) / "docs" / name);
+    std::ostringstream text;
+    text << file.rdbuf();
+    const std::string content = text.str();
+    const std::regex arrow(expression);
+    Names arrows;
+    for (std::sregex_iterator match(content.begin(), content.end(), arrow), end; match != end;
+         ++match) {
+        arrows.insert(match->format("$1 -> $2"));
+    }
+    return arrows;
+}
+
+TEST(RoomsTest, ThePictureOfTheDesignIsOfThisRule) {
+    Names rule;
+    for (const auto& [room, allowed] : ROOMS) {
+        for (const std::string& other : allowed) {
+            rule.insert((room + " -> ").append(other));
+        }
+    }
+    EXPECT_EQ(arrowsIn("design.dot", "\"?([a-z]+)\"? -> \"?([a-z]+)\"?"), rule);
+    EXPECT_EQ(arrowsIn("design.svg", "<title>([a-z]+)&#45;&gt;([a-z]+)</title>"), rule);
 }
 
 TEST(RoomsTest, TheRoomsOfTheDeviceAreThere) {
