@@ -25,7 +25,7 @@
 //
 // Made for the dozens of options of a node: all of a store is in one block of
 // memory as long as it is small, a new key moves the entries behind it, and
-// strings that are replaced or removed take their memory until the store ends.
+// strings that are replaced or removed keep their memory until the store ends.
 //
 // Thread safety: as a standard container; it must not be changed while another
 // thread uses it.
@@ -94,6 +94,7 @@ public:
         template <typename Number>
         Number keep(Number number);
 
+        // Room for a dozen options, inside the store.
         std::array<std::byte, 544> mFirstMemory;
         std::pmr::monotonic_buffer_resource mMemory{mFirstMemory.data(), mFirstMemory.size()};
         Sorted mSorted{&mMemory};
