@@ -45,20 +45,26 @@ public:
         using Sorted = std::pmr::vector<Entry>;
 
     public:
+        // An input iterator over pairs of a key and its value.
         class Iterator {
         public:
+            // What algorithms ask of an iterator.
             using iterator_category = std::input_iterator_tag;
             using value_type = std::pair<std::string, Value>;
             using difference_type = std::ptrdiff_t;
             using pointer = void;
             using reference = value_type;
 
+            // Made by begin() and end().
             explicit Iterator(Sorted::const_iterator place) : mPlace(place) {}
+
+            // As of every input iterator. The pair is made anew each time.
             reference operator*() const { return {std::string(mPlace->key), valueOf(*mPlace)}; }
             Iterator& operator++() {
                 ++mPlace;
                 return *this;
             }
+            // Iterators of one store are equal at the same entry.
             bool operator==(const Iterator& other) const { return mPlace == other.mPlace; }
             bool operator!=(const Iterator& other) const { return mPlace != other.mPlace; }
 
@@ -66,6 +72,7 @@ public:
             Sorted::const_iterator mPlace;
         };
 
+        // As of a standard map.
         Iterator begin() const { return Iterator(mSorted.begin()); }
         Iterator end() const { return Iterator(mSorted.end()); }
         bool empty() const { return mSorted.empty(); }
