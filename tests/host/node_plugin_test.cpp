@@ -70,6 +70,11 @@ TEST_F(NodePluginTest, LibraryThatIsNotThere) {
                 "/nowhere/blender.so: cannot open shared object file: No such file or directory");
 }
 
+TEST_F(NodePluginTest, EmptyPath) {
+    EXPECT_EQ(qv_load_node_plugin("", &registry), "cannot load '': Invalid argument");
+    EXPECT_EQ(ClassNames(), std::vector<std::string>{});
+}
+
 TEST_F(NodePluginTest, FileThatIsNoLibrary) {
     AssertFails(__FILE__, std::string(__FILE__) + ": invalid ELF header");
 }

@@ -94,6 +94,12 @@ TEST_F(NodeRegistryTest, RegisteredClassIsFound) {
     AssertMadeBy("Camera2", nullptr);
 }
 
+TEST_F(NodeRegistryTest, TellsWhetherAClassIsRegistered) {
+    EXPECT_EQ(Register("Camera", createCamera), 0);
+    EXPECT_TRUE(registry.isRegistered("Camera"));
+    EXPECT_FALSE(registry.isRegistered("Display"));
+}
+
 TEST_F(NodeRegistryTest, FoundClassHasItsNumbersAndNoName) {
     registry.registerClass({"Camera", createCamera, 0, 3});
     const std::optional<QVNodeClass> found = registry.find("Camera");

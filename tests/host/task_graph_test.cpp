@@ -226,3 +226,10 @@ TEST_F(TaskGraphTest, NodeBeginsWithoutARefusal) {
     AssertNothingRefused();
     AssertStreams("");
 }
+
+TEST_F(TaskGraphTest, TellsTheLastOfSeveralRefusals) {
+    desk.beginNode(3);
+    EXPECT_EQ(graph.addInputStream(""), -1);
+    EXPECT_EQ(graph.addOutputStream(""), -1);
+    AssertRefused("", false, std::nullopt);
+}
