@@ -3,6 +3,10 @@
 // clang-tidy runs every check over the headers of the system as well, and
 // throws away what it finds there: twelve of thirteen seconds for a test.
 
+#include <memory>
+#include <string>
+#include <vector>
+
 #include "clang/AST/ASTConsumer.h"
 #include "clang/AST/ASTContext.h"
 #include "clang/Basic/SourceManager.h"
