@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -193,63 +192,54 @@ ExitCode check(const Arguments& arguments, const CheckRequest& request) {
     return hasFailed(arguments, checked.files) ? ExitCode::Findings : ExitCode::Clean;
 }
 
-void addInputOptions(CLI::App* verb, Arguments* arguments) {
-    verb->add_option("FILE", arguments->files, "The configurations; - is standard input")
-        ->required()
-        ->option_text("...");
-    verb->add_option(
-            "--stdin-filename", arguments->stdinName, "Report standard input under this name")
-        ->option_text("NAME");
+void addInputOptions(Verb* verb, Arguments* arguments) {
+    verb->addArguments("FILE", &arguments->files, "The configurations; - is standard input");
+    verb->require("FILE");
+    verb->addOption(
+        "--stdin-filename", &arguments->stdinName, "Report standard input under this name", "NAME");
 }
 
-void addReportOptions(CLI::App* verb, Arguments* arguments) {
-    verb->add_option(
-            "--format", arguments->format, "text (the default), gcc, json, sarif or github")
-        ->check(CLI::IsMember({"text", "gcc", "json", "sarif", "github"}))
-        ->option_text("FORMAT");
-    verb->add_option("-o,--output", arguments->output, "Write the report to this file")
-        ->option_text("FILE");
-    verb->add_option("--color", arguments->colour, "auto (the default), always or never")
-        ->check(CLI::IsMember({"auto", "always", "never"}))
-        ->option_text("WHEN");
-    verb->add_flag("-q,--quiet", arguments->quiet, "Nothing on standard error but errors");
+void addReportOptions(Verb* verb, Arguments* arguments) {
+    verb->addChoice("--format",
+                    &arguments->format,
+                    {"text", "gcc", "json", "sarif", "github"},
+                    "text (the default), gcc, json, sarif or github",
+                    "FORMAT");
+    verb->addOption("-o,--output", &arguments->output, "Write the report to this file", "FILE");
+    verb->addChoice("--color",
+                    &arguments->colour,
+                    {"auto", "always", "never"},
+                    "auto (the default), always or never",
+                    "WHEN");
+    verb->addFlag("-q,--quiet", &arguments->quiet, "Nothing on standard error but errors");
 }
 
-void addCodes(CLI::App* verb,
-              const std::string& name,
-              std::vector<std::string>* codes,
-              const std::string& description) {
-    verb->add_option(name, *codes, description)
-        ->type_name("CODES")
-        ->option_text("CODES")
-        ->take_all()
-        ->allow_extra_args(false);
-}
-
-void addRuleOptions(CLI::App* verb, Arguments* arguments) {
-    verb->add_option("--fail-on",
-                     arguments->failOn,
-                     "What makes the exit code 1: error (the default), warning, note")
-        ->check(CLI::IsMember({"error", "warning", "note"}))
-        ->option_text("SEVERITY");
-    addCodes(
-        verb, "--select", &arguments->select, "Only these rules, separated by commas; repeatable");
-    addCodes(verb, "--ignore", &arguments->ignore, "Not these rules; repeatable");
-    verb->add_flag("--strict", arguments->strict, "Warnings are errors");
+void addRuleOptions(Verb* verb, Arguments* arguments) {
+    verb->addChoice("--fail-on",
+                    &arguments->failOn,
+                    {"error", "warning", "note"},
+                    "What makes the exit code 1: error (the default), warning, note",
+                    "SEVERITY");
+    verb->addList("--select",
+                  &arguments->select,
+                  "Only these rules, separated by commas; repeatable",
+                  "CODES");
+    verb->addList("--ignore", &arguments->ignore, "Not these rules; repeatable", "CODES");
+    verb->addFlag("--strict", &arguments->strict, "Warnings are errors");
 }
 
 }  // namespace
 
 void addCheck(CLI::App* app, ExitCode* code) {
     auto arguments = std::make_shared<Arguments>();
-    CLI::App* verb = app->add_subcommand("check", DESCRIPTION)->group("Verbs");
-    addInputOptions(verb, arguments.get());
-    addReportOptions(verb, arguments.get());
-    addRuleOptions(verb, arguments.get());
-    addNodeClassOptions(verb, &arguments->nodeClasses);
-    verb->callback([arguments, code] {
+    Verb verb(app, "check", DESCRIPTION);
+    addInputOptions(&verb, arguments.get());
+    addReportOptions(&verb, arguments.get());
+    addRuleOptions(&verb, arguments.get());
+    addNodeClassOptions(&verb, &arguments->nodeClasses);
+    verb.setWork([arguments, code] {
         if (std::count(arguments->files.begin(), arguments->files.end(), STANDARD_INPUT) > 1) {
-            throw CLI::ValidationError("FILE", "standard input can be read once only");
+            throw UsageError("FILE: standard input can be read once only");
         }
         CheckRequest request;
         request.selects = selectionOf(*arguments);

@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
@@ -98,8 +97,8 @@ std::string formatOf(const Arguments& arguments) {
     }
     std::string format = formatByEnding(arguments.output);
     if (format.empty()) {
-        throw CLI::ValidationError(
-            "--output", "the ending of '" + arguments.output + "' tells no format; give --format");
+        throw UsageError("--output: the ending of '" + arguments.output +
+                         "' tells no format; give --format");
     }
     return format;
 }
@@ -192,43 +191,40 @@ ExitCode draw(const Arguments& arguments) {
     return ExitCode::Clean;
 }
 
-void addTimeout(CLI::App* verb, int* seconds) {
-    verb->add_option_function<std::string>(
-            "--timeout",
-            [seconds](const std::string& text) {
-                const std::optional<int> number = numberIn(text, 1, MOST_SECONDS);
-                if (!number) {
-                    throw CLI::ValidationError("--timeout",
-                                               "'" + text + "' is no number of seconds from 1 to " +
-                                                   std::to_string(MOST_SECONDS));
-                }
-                *seconds = *number;
-            },
-            "How long the layout may take; 60 seconds by default")
-        ->type_name("SECONDS")
-        ->option_text("SECONDS");
+void addTimeout(Verb* verb, int* seconds) {
+    verb->addParsed(
+        "--timeout",
+        [seconds](const std::string& text) {
+            const std::optional<int> number = numberIn(text, 1, MOST_SECONDS);
+            if (!number) {
+                throw UsageError("--timeout: '" + text + "' is no number of seconds from 1 to " +
+                                 std::to_string(MOST_SECONDS));
+            }
+            *seconds = *number;
+        },
+        "How long the layout may take; 60 seconds by default",
+        "SECONDS");
 }
 
 }  // namespace
 
 void addDraw(CLI::App* app, ExitCode* code) {
     auto arguments = std::make_shared<Arguments>();
-    CLI::App* verb = app->add_subcommand("draw", DESCRIPTION)->group("Verbs");
-    verb->add_option("FILE", arguments->file, "The configuration; - is standard input")
-        ->required()
-        ->option_text(" ");
-    verb->add_option(
-            "--format", arguments->format, "dot, svg, png, mermaid or html; dot by default")
-        ->check(CLI::IsMember({"dot", "svg", "png", "mermaid", "html"}))
-        ->option_text("FORMAT");
-    verb->add_option("-o,--output", arguments->output, "Write the picture to this file")
-        ->option_text("FILE");
-    addPipeOption(verb, &arguments->pipe);
-    verb->add_flag("--options", arguments->options, "Show the options of nodes in their boxes");
-    addTimeout(verb, &arguments->timeout);
-    addNodeClassOptions(verb, &arguments->nodeClasses);
-    verb->add_flag("-q,--quiet", arguments->quiet, "Nothing on standard error but errors");
-    verb->callback([arguments, code] {
+    Verb verb(app, "draw", DESCRIPTION);
+    verb.addArgument("FILE", &arguments->file, "The configuration; - is standard input");
+    verb.require("FILE");
+    verb.addChoice("--format",
+                   &arguments->format,
+                   {"dot", "svg", "png", "mermaid", "html"},
+                   "dot, svg, png, mermaid or html; dot by default",
+                   "FORMAT");
+    verb.addOption("-o,--output", &arguments->output, "Write the picture to this file", "FILE");
+    addPipeOption(&verb, &arguments->pipe);
+    verb.addFlag("--options", &arguments->options, "Show the options of nodes in their boxes");
+    addTimeout(&verb, &arguments->timeout);
+    addNodeClassOptions(&verb, &arguments->nodeClasses);
+    verb.addFlag("-q,--quiet", &arguments->quiet, "Nothing on standard error but errors");
+    verb.setWork([arguments, code] {
         provideNodeClasses(arguments->nodeClasses);
         *code = draw(*arguments);
     });

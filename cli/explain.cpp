@@ -1,6 +1,5 @@
 #include "cli/explain.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -104,17 +103,17 @@ std::string explainAll(const Arguments& arguments) {
 
 void addExplain(CLI::App* app, ExitCode* code) {
     auto arguments = std::make_shared<Arguments>();
-    CLI::App* verb = app->add_subcommand("explain", DESCRIPTION)->group("Verbs");
-    CLI::Option* rule =
-        verb->add_option("CODE", arguments->code, "The code of a rule; without one, all of them")
-            ->option_text(" ");
-    verb->add_option("--format", arguments->format, "text (the default) or markdown")
-        ->check(CLI::IsMember({"text", "markdown"}))
-        ->option_text("FORMAT");
-    verb->add_option("-o,--output", arguments->output, "Write to this file")->option_text("FILE");
-    verb->callback([arguments, code, rule] {
+    Verb verb(app, "explain", DESCRIPTION);
+    verb.addArgument("CODE", &arguments->code, "The code of a rule; without one, all of them");
+    verb.addChoice("--format",
+                   &arguments->format,
+                   {"text", "markdown"},
+                   "text (the default) or markdown",
+                   "FORMAT");
+    verb.addOption("-o,--output", &arguments->output, "Write to this file", "FILE");
+    verb.setWork([arguments, code, verb] {
         writeOutput(arguments->output,
-                    rule->count() == 0 ? explainAll(*arguments) : explainOne(*arguments));
+                    verb.isGiven("CODE") ? explainOne(*arguments) : explainAll(*arguments));
         *code = ExitCode::Clean;
     });
 }

@@ -2,9 +2,8 @@
 #ifndef QVGRAPH_CLI_EXPLAIN_H_
 #define QVGRAPH_CLI_EXPLAIN_H_
 
-#include <CLI/App.hpp>
-
 #include "cli/exit_code.h"
+#include "cli/verb.h"
 
 namespace qvgraph {
 

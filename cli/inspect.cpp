@@ -2,19 +2,17 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
-#include <charconv>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
-#include <system_error>
 
 #include "cli/file_error.h"
 #include "cli/input.h"
 #include "cli/node_classes.h"
 #include "cli/output.h"
+#include "cli/pipe_argument.h"
 #include "cli/terminal.h"
 #include "graph/qv_graph_parser.h"
 #include "host/qv_host_log.h"
@@ -68,15 +66,6 @@ RecordObserver recordsOf(const Arguments& arguments) {
         };
     }
     return records;
-}
-
-// The index in an argument; nothing when it is none.
-std::optional<int> indexIn(const std::string& text) {
-    int index = 0;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, index);
-    const bool isIndex = error == std::errc() && rest == end && index >= 0;
-    return isIndex ? std::optional<int>(index) : std::nullopt;
 }
 
 std::string noSuchPipe(const Input& input, int pipe, int pipes) {
@@ -152,42 +141,28 @@ ExitCode inspect(const Arguments& arguments) {
 
 void addInspect(CLI::App* app, ExitCode* code) {
     auto arguments = std::make_shared<Arguments>();
-    CLI::App* verb = app->add_subcommand("inspect", DESCRIPTION)->group("Verbs");
-    CLI::Option* file =
-        verb->add_option("FILE",
-                         arguments->file,
-                         "The configuration, but with --classes; - is standard input")
-            ->option_text(" ");
-    verb->add_option("--format", arguments->format, "text (the default) or json")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->option_text("FORMAT");
-    verb->add_option("-o,--output", arguments->output, "Write the report to this file")
-        ->option_text("FILE");
-    verb->add_option_function<std::string>(
-            "--pipe",
-            [arguments](const std::string& text) {
-                arguments->pipe = indexIn(text);
-                if (!arguments->pipe) {
-                    throw CLI::ValidationError("--pipe", "'" + text + "' is no index from 0");
-                }
-            },
-            "Only the pipe with this index, from 0")
-        ->type_name("N")
-        ->option_text("N");
-    addNodeClassOptions(verb, &arguments->nodeClasses);
-    verb->add_flag("--classes", arguments->listClasses, "List the node classes, and do no more")
-        ->excludes(file)
-        ->option_text(" ");
-    verb->add_option("--color", arguments->colour, "auto (the default), always or never")
-        ->check(CLI::IsMember({"auto", "always", "never"}))
-        ->option_text("WHEN");
-    verb->add_flag("-v,--verbose",
-                   arguments->verbosity,
-                   "Show the parser's errors and failures; -vv: all records");
-    verb->add_flag("-q,--quiet", arguments->quiet, "Nothing on standard error but errors");
-    verb->callback([arguments, code, file] {
-        if (file->count() == 0 && !arguments->listClasses) {
-            throw CLI::RequiredError("FILE");
+    Verb verb(app, "inspect", DESCRIPTION);
+    verb.addArgument(
+        "FILE", &arguments->file, "The configuration, but with --classes; - is standard input");
+    verb.addChoice(
+        "--format", &arguments->format, {"text", "json"}, "text (the default) or json", "FORMAT");
+    verb.addOption("-o,--output", &arguments->output, "Write the report to this file", "FILE");
+    addPipeOption(&verb, &arguments->pipe);
+    addNodeClassOptions(&verb, &arguments->nodeClasses);
+    verb.addFlag("--classes", &arguments->listClasses, "List the node classes, and do no more");
+    verb.excludeEachOther("--classes", "FILE");
+    verb.addChoice("--color",
+                   &arguments->colour,
+                   {"auto", "always", "never"},
+                   "auto (the default), always or never",
+                   "WHEN");
+    verb.addCount("-v,--verbose",
+                  &arguments->verbosity,
+                  "Show the parser's errors and failures; -vv: all records");
+    verb.addFlag("-q,--quiet", &arguments->quiet, "Nothing on standard error but errors");
+    verb.setWork([arguments, code, verb] {
+        if (!verb.isGiven("FILE") && !arguments->listClasses) {
+            throw UsageError("FILE is required");
         }
         provideNodeClasses(arguments->nodeClasses);
         *code = arguments->listClasses ? listClasses(*arguments) : inspect(*arguments);

@@ -61,7 +61,7 @@ std::string versions() {
 }
 
 // What is wrong with the arguments, and where help is.
-std::string explain(const CLI::App& app, const CLI::ParseError& error) {
+std::string explain(const CLI::App& app, const std::exception& error) {
     const auto verbs = app.get_subcommands();
     if (!verbs.empty()) {
         return std::string(error.what()) + " (see qvgraph " + verbs[0]->get_name() + " --help)";
@@ -91,6 +91,9 @@ ExitCode run(int argc, char** argv) {
     } catch (const CLI::Success& success) {  // --help and --version
         return app.exit(success) == 0 ? ExitCode::Clean : ExitCode::Failed;
     } catch (const CLI::ParseError& error) {
+        qvgraph::complain(explain(app, error));
+        return ExitCode::Failed;
+    } catch (const qvgraph::UsageError& error) {
         qvgraph::complain(explain(app, error));
         return ExitCode::Failed;
     } catch (const qvgraph::FileError& error) {

@@ -6,18 +6,12 @@
 
 namespace qvgraph {
 
-void addNodeClassOptions(CLI::App* verb, NodeClassArguments* arguments) {
-    verb->add_option(
-            "--plugin", arguments->plugins, "A shared library with node classes; repeatable")
-        ->type_name("LIB")
-        ->option_text("LIB")
-        ->take_all()
-        ->allow_extra_args(false);
-    CLI::Option* stub =
-        verb->add_flag("--stub", "Have stubs for unknown classes; the default")->option_text(" ");
-    verb->add_flag("--no-stub", arguments->noStub, "Have none: no nodes of unknown classes")
-        ->excludes(stub)
-        ->option_text(" ");
+void addNodeClassOptions(Verb* verb, NodeClassArguments* arguments) {
+    verb->addList(
+        "--plugin", &arguments->plugins, "A shared library with node classes; repeatable", "LIB");
+    verb->addFlag("--stub", &arguments->stub, "Have stubs for unknown classes; the default");
+    verb->addFlag("--no-stub", &arguments->noStub, "Have none: no nodes of unknown classes");
+    verb->excludeEachOther("--no-stub", "--stub");
 }
 
 void provideNodeClasses(const NodeClassArguments& arguments) {

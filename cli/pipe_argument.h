@@ -2,13 +2,14 @@
 #ifndef QVGRAPH_CLI_PIPE_ARGUMENT_H_
 #define QVGRAPH_CLI_PIPE_ARGUMENT_H_
 
-#include <CLI/App.hpp>
 #include <optional>
+
+#include "cli/verb.h"
 
 namespace qvgraph {
 
 // Adds --pipe to a verb. `pipe` must outlive the parsing.
-void addPipeOption(CLI::App* verb, std::optional<int>* pipe);
+void addPipeOption(Verb* verb, std::optional<int>* pipe);
 
 }  // namespace qvgraph
 

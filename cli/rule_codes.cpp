@@ -1,9 +1,9 @@
 #include "cli/rule_codes.h"
 
-#include <CLI/Error.hpp>
 #include <algorithm>
 
 #include "check/words.h"
+#include "cli/verb.h"
 
 namespace qvgraph {
 
@@ -24,9 +24,8 @@ const Rule& ruleOf(const std::string& argument, const std::string& code) {
     if (rule == nullptr) {
         const std::string nearest = nearestCode(code);
         const std::string advice = nearest.empty() ? "qvgraph explain lists the rules"
-                                                   : "is " + qvgraph::quoted(nearest) + " meant?";
-        throw CLI::ValidationError(argument,
-                                   "there is no rule " + qvgraph::quoted(code) + "; " + advice);
+                                                   : "is " + quoted(nearest) + " meant?";
+        throw UsageError(argument + ": there is no rule " + quoted(code) + "; " + advice);
     }
     return *rule;
 }

@@ -11,7 +11,7 @@
 
 namespace qvgraph {
 
-// The rule of a code. Throws CLI::ValidationError for one that there is not,
+// The rule of a code. Throws UsageError for one that there is not,
 // naming `argument` and the nearest code.
 const Rule& ruleOf(const std::string& argument, const std::string& code);
 

@@ -1,6 +1,5 @@
 #include "cli/schema.h"
 
-#include <CLI/CLI.hpp>
 #include <memory>
 #include <string>
 
@@ -26,9 +25,9 @@ const char* const DESCRIPTION =
 
 void addSchema(CLI::App* app, ExitCode* code) {
     auto output = std::make_shared<std::string>();
-    CLI::App* verb = app->add_subcommand("schema", DESCRIPTION)->group("Verbs");
-    verb->add_option("-o,--output", *output, "Write the schema to this file")->option_text("FILE");
-    verb->callback([output, code] {
+    Verb verb(app, "schema", DESCRIPTION);
+    verb.addOption("-o,--output", output.get(), "Write the schema to this file", "FILE");
+    verb.setWork([output, code] {
         writeOutput(*output, graphSchema());
         *code = ExitCode::Clean;
     });
