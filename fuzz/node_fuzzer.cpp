@@ -199,6 +199,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         require(framework.trace.initialized == (!noNode && !framework.graph.hasRefused()),
                 "a node that is initialised when all is well");
     });
+    current = nullptr;
     require(info.nodeId == 3 && info.stubUid == 7, "the record");
     require(parser.initTaskNode(nullptr, 0, 3, &info) == -2, "no graph");
     require(parser.initTaskNode(&framework.graph, 0, 3, nullptr) == -2, "no record");

@@ -28,6 +28,8 @@ Members::const_iterator findByIndex(const Members& members, int index, const std
 
 }  // namespace
 
+// Tags come by value, as the contract has it.
+// cppcheck-suppress passedByValue
 int QVGraphParser::getItemNum(Json items, std::string tag) const {
     if (!items.is_object()) {
         return 0;
@@ -43,6 +45,7 @@ int QVGraphParser::getItemNum(Json items, std::string tag) const {
     return num;
 }
 
+// cppcheck-suppress passedByValue
 int QVGraphParser::getItemIDByIndex(Json items, int index, std::string tag) const {
     if (!items.is_object()) {
         qv_err(QV_ERROR("get item id by index failed, index=%d"), index);
@@ -55,6 +58,7 @@ int QVGraphParser::getItemIDByIndex(Json items, int index, std::string tag) cons
 
 // Says "item id" in its record as well: one text to look for, whichever of the
 // two lookups found no object.
+// cppcheck-suppress passedByValue
 std::string QVGraphParser::getItemNameByIndex(Json items, int index, std::string tag) const {
     if (!items.is_object()) {
         qv_err(QV_ERROR("get item id by index failed, index=%d"), index);

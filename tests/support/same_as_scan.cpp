@@ -55,6 +55,7 @@ std::string scanned(const char* text) {
     }
     char type[128] = "";
     char value[128] = "";
+    // cppcheck-suppress invalidscanf // no longer than the buffers, as looked at above
     sscanf(text, "%[^:]:%[^:]", type, value);
     const uint64_t hash = hashOf(type);
     if (hash == hashOf("int32")) {

@@ -24,8 +24,8 @@ inline std::string readFile(const std::string& path) {
 // Made empty, and removed with all that is in it at the end of its scope.
 class TemporaryFolder {
 public:
-    TemporaryFolder() {
-        mPath = (std::filesystem::temp_directory_path() / "qvgraph-test-XXXXXX").string();
+    TemporaryFolder()
+        : mPath((std::filesystem::temp_directory_path() / "qvgraph-test-XXXXXX").string()) {
         if (mkdtemp(mPath.data()) == nullptr) {
             throw std::runtime_error("cannot make the folder " + mPath);
         }
