@@ -9,6 +9,7 @@
 #include "tests/support/same_as_scan.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const FuzzLog log;
     const std::string text(data, data + size);
     double number = 0;
     if (size >= sizeof(number)) {
