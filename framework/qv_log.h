@@ -32,7 +32,8 @@ enum : int {
 };
 
 // Colour is part of a record's format: it opens with one of these and closes
-// with QV_LOG_PLAIN.
+// with QV_LOG_PLAIN. Before that, the formats of the two checks below have a
+// newline: a logger that writes lines adds one to all others, which have none.
 #define QV_LOG_RED "\033[31m\033[1m"
 #define QV_LOG_BLUE "\033[34m\033[1m"
 #define QV_LOG_PLAIN "\033[0m"

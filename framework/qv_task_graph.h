@@ -23,6 +23,9 @@ public:
     // id. Returning -1 refuses it: the parser logs that and leaves the node at
     // once, half wired, yet reports success. Every other number is passed on
     // to the stream manager, unread.
+    //
+    // `name` is empty where a configuration says "": refuse it, or nodes that
+    // have nothing to do with each other share that stream.
     virtual int addInputStream(std::string name) = 0;
 
     // As addInputStream, for a stream that a node gives.

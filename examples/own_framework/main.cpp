@@ -42,11 +42,11 @@ struct OptionStore : public QvMetaData {
     std::map<std::string, float> reals;
 };
 
-// Gives each stream name one id, and refuses a second producer.
+// Gives each stream name one id; refuses an empty one, and a second producer.
 struct TaskGraph : public QVTaskGraphConfig {
-    int addInputStream(std::string name) override { return idOf(name); }
+    int addInputStream(std::string name) override { return name.empty() ? -1 : idOf(name); }
     int addOutputStream(std::string name) override {
-        return produced.insert(name).second ? idOf(name) : -1;
+        return name.empty() || !produced.insert(name).second ? -1 : idOf(name);
     }
     int idOf(const std::string& name) {
         return ids.emplace(name, static_cast<int>(ids.size())).first->second;
