@@ -28,7 +28,7 @@ TESTS = {
               "differential_tests"],
     "host": ["host_tests", "host_allocation_tests", "harmless_tests", "exhaustion_tests"],
     "source": ["source_tests"],
-    "check": ["check_tests"],
+    "check": ["check_tests", "cli_tests"],  # whose page of rules has every text
 }
 SCENARIOS = "300"  # of random configurations
 SECONDS = 120  # for one program; an endless loop counts as noticed
@@ -181,6 +181,8 @@ def main():
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--room", action="append", choices=TESTS, help="default: all that there are")
     parser.add_argument("--limit", type=int, help="try so many at most")
+    parser.add_argument("--survivors", action="store_true",
+                        help="try those again that were not noticed, after new tests")
     parser.add_argument("--fresh", action="store_true", help="forget what has been tried")
     arguments = parser.parse_args()
     rooms = arguments.room or [room for room in TESTS if any((ROOT / room).glob("*.cpp"))]
@@ -190,7 +192,8 @@ def main():
         RESULTS.unlink(missing_ok=True)
     results = read_results()
     mutants = [mutant for room in rooms for mutant in mutants_of(room)]
-    left = [mutant for mutant in mutants if key_of(mutant) not in results]
+    wanted = "survived" if arguments.survivors else None
+    left = [mutant for mutant in mutants if results.get(key_of(mutant)) == wanted]
     # In an order that is the same each time, but spread over the rooms.
     random.Random(1).shuffle(left)
     left = left[:arguments.limit]
