@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <map>
+#include <numeric>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -161,6 +163,8 @@ public:
         return static_cast<size_t>(next - mBegins.begin());
     }
 
+    size_t count() const { return mBegins.size(); }
+
     // The first line from this one on that has more; 0 for none.
     size_t nextWithMore(size_t line) const { return mNextWithMore[line - 1]; }
 
@@ -187,10 +191,58 @@ std::vector<Ignore> ignoresIn(const Source& source,
     return ignores;
 }
 
+// ---- What is not read -------------------------------------------------------
+
+// The lines with values that no other rule looks into: members that are lost to
+// a later one of the same key, and what stands in place of an object. That they
+// are not read is told there.
+class UnreadLines {
+public:
+    // REQUIRES: the text is JSON.
+    UnreadLines(const Source& source, const Lines& lines, const std::vector<Finding>& findings)
+        : mIsRootRead(source.values().front().isObject()), mChanges(lines.count() + 2) {
+        std::set<size_t> keys;
+        for (const Finding& finding : findings) {
+            if (finding.code == "pipe-not-addressable") {
+                keys.insert(finding.span.begin);
+            } else if (finding.code == "section-not-object" || finding.code == "section-ignored") {
+                add(lines, finding.span);
+            }
+        }
+        for (const Value& value : source.values()) {
+            if (value.overriddenBy != nullptr || keys.count(value.keySpan.begin) != 0) {
+                add(lines, {value.keySpan.begin, value.span.end});
+            }
+        }
+        std::partial_sum(mChanges.begin(), mChanges.end(), mChanges.begin());
+    }
+
+    bool has(size_t line) const { return !mIsRootRead || mChanges[line] > 0; }
+
+private:
+    void add(const Lines& lines, Span span) {
+        ++mChanges[lines.lineOf(span.begin)];
+        --mChanges[lines.lineOf(span.end - 1) + 1];
+    }
+
+    bool mIsRootRead;
+    std::vector<int> mChanges;  // from line to line; in the end, how many values there are
+};
+
 // ---- Silencing --------------------------------------------------------------
 
 // Whether codes are silenced, by line and code.
 using Uses = std::map<std::pair<size_t, std::string_view>, bool>;
+
+// The lines on which a comment silences a finding: those of its place and of
+// the places related to it.
+std::vector<size_t> linesOf(const Lines& lines, const Finding& finding) {
+    std::vector<size_t> found = {lines.lineOf(finding.span.begin)};
+    for (const Related& related : finding.related) {
+        found.push_back(lines.lineOf(related.span.begin));
+    }
+    return found;
+}
 
 // Removes what `ignores` silence, and tells which of them do.
 Uses silence(const Lines& lines,
@@ -201,12 +253,18 @@ Uses silence(const Lines& lines,
         uses.emplace(std::make_pair(ignore.line, ignore.code), false);
     }
     const auto isSilenced = [&](const Finding& finding) {
-        const auto use = uses.find({lines.lineOf(finding.span.begin), finding.code});
-        if (finding.severity == Severity::Error || use == uses.end()) {
+        if (finding.severity == Severity::Error) {
             return false;
         }
-        use->second = true;
-        return true;
+        bool isUsed = false;
+        for (const size_t line : linesOf(lines, finding)) {
+            const auto use = uses.find({line, finding.code});
+            if (use != uses.end()) {
+                use->second = true;
+                isUsed = true;
+            }
+        }
+        return isUsed;
     };
     findings->erase(std::remove_if(findings->begin(), findings->end(), isSilenced),
                     findings->end());
@@ -221,7 +279,7 @@ std::vector<std::string> everyCode() {
     return codes;
 }
 
-void reportUnused(const Ignore& ignore, Reporter* report) {
+void reportUnused(const Ignore& ignore, const UnreadLines& unread, Reporter* report) {
     static const std::vector<std::string> CODES = everyCode();
     const Rule* rule = findRule(ignore.code);
     if (rule == nullptr) {
@@ -231,7 +289,7 @@ void reportUnused(const Ignore& ignore, Reporter* report) {
     } else if (rule->severity == Severity::Error) {
         report->at(ignore.span, "", quoted(ignore.code) + " is an error, and no error is silenced")
             .hint = "remove it, and correct what is found";
-    } else {
+    } else if (!unread.has(ignore.line)) {
         report
             ->at(ignore.span,
                  "",
@@ -260,6 +318,7 @@ void applyIgnores(const Source& source,
         return;  // of a text that is no JSON, only that is known
     }
     const Lines lines(source.text(), comments);
+    const UnreadLines unread(source, lines, *findings);
     std::vector<Ignore> ignores = ignoresIn(source, lines, comments);
     // Those of comments come last: they silence what the others have to say.
     const auto last = std::stable_partition(
@@ -274,7 +333,7 @@ void applyIgnores(const Source& source,
         for (const Ignore& ignore : some) {
             const bool isWanted = findRule(ignore.code) == nullptr || selects(ignore.code);
             if (!uses.at({ignore.line, ignore.code}) && isWanted) {
-                reportUnused(ignore, &report);
+                reportUnused(ignore, unread, &report);
             }
         }
     }

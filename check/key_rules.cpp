@@ -46,12 +46,33 @@ bool hasMeaningInStreamOptions(const std::string& key) {
            hasPrefix(key, "stream_output");
 }
 
+// 'stream_mode_in_1', as if each input had a mode.
+bool isModeOfOne(const std::string& key) {
+    const std::string mode = "stream_mode_in";
+    return hasPrefix(key, mode.c_str()) && key.size() > mode.size() &&
+           std::string_view("_0123456789").find(key[mode.size()]) != std::string_view::npos;
+}
+
+void reportModeOfOne(const Value& member, const Value& streamOptions, Reporter* report) {
+    const bool isThere = streamOptions.member("stream_mode_in") != nullptr;
+    report
+        ->atKey(member,
+                quoted(member.key) +
+                    " is stored as an option like any other: no input has a mode of its own")
+        .hint = isThere ? "remove it; \"stream_mode_in\" is there, and counts for all inputs"
+                        : "write \"stream_mode_in\" if all inputs are meant: it counts for each";
+}
+
 void checkStreamKeys(const Value* streamOptions, Reporter* report) {
     if (streamOptions == nullptr) {
         return;
     }
     for (const Value* member : streamOptions->children) {
         if (hasMeaningInStreamOptions(member->key)) {
+            continue;
+        }
+        if (isModeOfOne(member->key)) {
+            reportModeOfOne(*member, *streamOptions, report);
             continue;
         }
         if (const auto near = nearestKey(Level::StreamOptions, member->key, 2)) {

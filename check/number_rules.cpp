@@ -148,10 +148,34 @@ std::string hintForNotation(const TypedText& typed, const std::string& value, do
     }
     const std::string word = meant == toInt32(meant) ? typed.word : "int64";
     if (isHexadecimal(value)) {
-        return write("int64", value) + ", or \"" + word + ':' + decimal(meant) + '"';
+        return word == "int64"
+                   ? write(word, value)
+                   : write(word, decimal(meant)) + ": \"int64:\" alone reads hexadecimal numbers";
     }
     const bool isOctal = typed.word == "int64" && startsWithZero(value);
     return write(word, decimal(meant)) + (isOctal ? ": a 0 in front makes a number octal" : "");
+}
+
+// The digits of "4,000,000", "4_000_000" or "4 000 000"; "" where no such groups
+// of three, all behind the same separator, are the whole text.
+std::string withoutSeparators(const std::string& text) {
+    const size_t begin = text.find_first_not_of("+-");
+    const size_t first = text.find_first_not_of("0123456789", begin);
+    if (first == std::string::npos || first - begin > 3 ||
+        std::string_view(",_ ").find(text[first]) == std::string::npos) {
+        return "";
+    }
+    const char separator = text[first];
+    std::string number = text.substr(0, first);
+    for (size_t group = first; group < text.size(); group += 4) {
+        const std::string digits = text.substr(group + 1, 3);
+        if (text[group] != separator || digits.size() != 3 ||
+            digits.find_first_not_of("0123456789") != std::string::npos) {
+            return "";
+        }
+        number += digits;
+    }
+    return startsWithZero(number) || !numberIn(number) ? "" : number;
 }
 
 // "1,5" for 1.5.
@@ -171,6 +195,11 @@ std::string hintForIgnored(const TypedText& typed,
     const std::string number = numberOf(typed, reading);
     if (!typed.isWhole() && hasDecimalComma(ignored)) {
         return write(typed.word, number + '.' + ignored.substr(1));
+    }
+    const std::string digits = withoutSeparators(all);
+    if (!digits.empty()) {
+        return typed.isWhole() ? hintForNotation(typed, digits, *numberIn(digits))
+                               : write(typed.word, digits);
     }
     // 'information' begins with 'inf'.
     return numberIn(number) ? write(typed.word, number) : hintForNoNumber(typed);
@@ -347,7 +376,8 @@ std::string writeNumber(const std::string& meant, const std::string& value) {
     if (!isInteger(number)) {
         return write("float", value);
     }
-    const bool isPlain = isExactInteger(number) && !isHexadecimal(value);
+    const bool fits = meant == "int32" && number == toInt32(number);
+    const bool isPlain = isExactInteger(number) && (fits || !isHexadecimal(value));
     const std::string plain = isPlain ? decimal(number) : value;
     const TypedText typed = {meant + ':' + plain, meant, plain, plain};
     return write(faultIn(typed, readingOf(typed)) ? "int64" : meant, plain);

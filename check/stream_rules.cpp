@@ -1,5 +1,6 @@
 // What is wrong with the names, formats and modes of a node's streams.
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -596,33 +597,53 @@ std::string plainOf(std::string text) {
     return text;
 }
 
-void checkMode(const Value& mode, Reporter* report) {
-    const std::string text(untilNul(mode.text));
+// The text of a mode; nothing where it is stored as a number or not at all.
+std::optional<std::string> modeIn(const Value& mode) {
     if (!mode.isString() || typedIn(mode)) {
-        report->atValue(mode, "\"stream_mode_in\" is no plain text: it has no effect").hint =
-            "write \"remain_newest\", or remove it";
-    } else if (text != NEWEST && distanceBetween(plainOf(text), NEWEST, 2) <= 2) {
-        report->atValue(mode, quoted(text) + " is not \"remain_newest\": it has no effect").hint =
-            "write \"remain_newest\"";
+        return std::nullopt;
+    }
+    return std::string(untilNul(mode.text));
+}
+
+// "newest_only" is no mistyped "remain_newest", but means it.
+bool isMeantAsNewest(const std::string& text) {
+    const std::string plain = plainOf(text);
+    return distanceBetween(plain, NEWEST, 2) <= 2 || plain.find("newest") != std::string::npos ||
+           plain.find("latest") != std::string::npos;
+}
+
+// Every mode that is not left out for its length.
+template <typename Look>
+void forEachMode(const Subject& subject, Look look) {
+    for (const OptionObject& object : subject.optionObjects()) {
+        const Value* mode = object.value->member("stream_mode_in");
+        if (object.node != nullptr && mode != nullptr && !isTooLong(*mode)) {
+            look(*mode);
+        }
     }
 }
 
 void streamMode(const Subject& subject, Reporter* report) {
-    for (const OptionObject& object : subject.optionObjects()) {
-        const Value* mode = object.value->member("stream_mode_in");
-        if (object.node != nullptr && mode != nullptr) {
-            checkMode(*mode, report);
+    forEachMode(subject, [report](const Value& mode) {
+        const auto text = modeIn(mode);
+        if (!text) {
+            report->atValue(mode, "\"stream_mode_in\" is no plain text: it has no effect").hint =
+                "write \"remain_newest\", or remove it";
+        } else if (*text != NEWEST && isMeantAsNewest(*text)) {
+            report->atValue(mode, quoted(*text) + " is not \"remain_newest\": it has no effect")
+                .hint = "write \"remain_newest\"";
         }
-    }
+    });
 }
 
 const Rule STREAM_MODE = {
     "stream-mode",
     Severity::Warning,
     "streams",
-    "The mode of a node's inputs is nearly \"remain_newest\", or no text",
+    "The mode of a node's inputs is meant as \"remain_newest\", or no text",
     "\"stream_mode_in\" has one value with a meaning, \"remain_newest\", which has to be written "
-    "exactly so. Anything else is stored as an option and has no effect here.",
+    "exactly so. A text that is nearly that, or says newest or latest, was probably meant to be "
+    "it; and what is no text is no mode.",
     "The inputs are not set to keep the newest item only.",
     "Write \"remain_newest\", or leave the mode out.",
     {R"({"pipe_0": {
@@ -655,6 +676,57 @@ const Rule STREAM_MODE = {
     {"option-not-stored", "typed-value", "number-lost", "double-narrowed", "nul-in-option"},
     streamMode};
 
+// ---- stream-mode-unknown ----------------------------------------------------------------------------
+
+void streamModeUnknown(const Subject& subject, Reporter* report) {
+    forEachMode(subject, [report](const Value& mode) {
+        const auto text = modeIn(mode);
+        if (text && *text != NEWEST && !isMeantAsNewest(*text)) {
+            report->atValue(mode, quoted(*text) + " is no mode: every item is kept").hint =
+                "write \"remain_newest\", or remove it unless the node's class reads it";
+        }
+    });
+}
+
+const Rule STREAM_MODE_UNKNOWN = {
+    "stream-mode-unknown",
+    Severity::Note,
+    "streams",
+    "The mode of a node's inputs has no meaning",
+    "\"stream_mode_in\" has one value with a meaning, \"remain_newest\". Any other text is an "
+    "option like others, which the node's class may read.",
+    "The inputs keep every item, as without a mode; the text is in the node's options.",
+    "Write \"remain_newest\", or leave the mode out.",
+    {R"({"pipe_0": {
+  "node_0": {
+    "node_opts": {"node_name": "Camera"},
+    "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}
+  },
+  "node_1": {
+    "node_opts": {"node_name": "Display"},
+    "stream_opts": {
+      "stream_input": "a", "stream_fmt_in": "f",
+      "stream_mode_in": "drop_oldest"
+    }
+  }
+}})",
+     R"({"pipe_0": {
+  "node_0": {
+    "node_opts": {"node_name": "Camera"},
+    "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}
+  },
+  "node_1": {
+    "node_opts": {"node_name": "Display"},
+    "stream_opts": {
+      "stream_input": "a", "stream_fmt_in": "f",
+      "stream_mode_in": "remain_newest"
+    }
+  }
+}})",
+     {}},
+    {},
+    streamModeUnknown};
+
 }  // namespace
 
 std::vector<Rule> streamRules() {
@@ -665,7 +737,8 @@ std::vector<Rule> streamRules() {
             STREAM_FORMAT_MISSING,
             STREAM_FAMILIES_DIFFER,
             STREAM_KEY_IN_EXTRA,
-            STREAM_MODE};
+            STREAM_MODE,
+            STREAM_MODE_UNKNOWN};
 }
 
 }  // namespace qvgraph

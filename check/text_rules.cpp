@@ -50,6 +50,11 @@ void syntax(const Subject& subject, Reporter* report) {
     if (error.opened) {
         finding.related.push_back({"opened here", *error.opened});
     }
+    if (error.outdented) {
+        finding.related.push_back(
+            {"by its indent this belongs further out: is a } missing before it?",
+             *error.outdented});
+    }
 }
 
 const Rule SYNTAX = {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 
@@ -73,15 +74,18 @@ void markAllNamed(const Value& value, int depth, WireTable* table) {
     }
 }
 
-// The members that name the streams of a node.
-std::set<const Value*> namesIn(const NodeSubject& node) {
-    std::set<const Value*> names;
+// The keys that name the streams of a node. What stands under one of them is a
+// name, or it is overridden by one.
+std::set<std::string_view> namingKeysOf(const NodeSubject& node) {
+    std::set<std::string_view> keys;
     for (const Side* side : {&node.inputs, &node.outputs}) {
         for (const DeclaredEnd& end : side->streams) {
-            names.insert(end.place);
+            if (end.name) {
+                keys.insert(end.key);
+            }
         }
     }
-    return names;
+    return keys;
 }
 
 // Whether an option, which names no stream, was probably meant to.
@@ -92,7 +96,7 @@ bool mayName(const Value& option) {
 const int MOST_LEVELS = 3;  // of a node: its sections, and their options
 
 void markNamedIn(const NodeSubject& node, WireTable* table) {
-    const std::set<const Value*> names = namesIn(node);
+    const std::set<std::string_view> keys = namingKeysOf(node);
     for (const Value* member : node.value->children) {
         const bool isOptions =
             std::find(node.objects.begin(), node.objects.end(), member) != node.objects.end();
@@ -102,7 +106,8 @@ void markNamedIn(const NodeSubject& node, WireTable* table) {
         }
         for (const Value* option : member->children) {
             const bool isStream = option->isString() && table->find(option->text) != nullptr;
-            if (option->isObject() || (isStream && names.count(option) == 0 && mayName(*option))) {
+            if (option->isObject() ||
+                (isStream && keys.count(option->key) == 0 && mayName(*option))) {
                 markAllNamed(*option, MOST_LEVELS, table);
             }
         }

@@ -173,7 +173,7 @@ ExitCode draw(const Arguments& arguments) {
     }
     const Input input = readInput(arguments.file);
     if (const auto error = loadError(input.text)) {
-        complain(input.name + ": " + *error);
+        complain(input.name + ": " + *error + " (see qvgraph check)");
         return ExitCode::Failed;
     }
     const CheckedFile file = checkInput(arguments, input);

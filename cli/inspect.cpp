@@ -109,7 +109,7 @@ ExitCode inspect(const Arguments& arguments) {
     request.records = recordsOf(arguments);
     QVGraphParser parser;
     if (const auto error = loadConfiguration(input.text, request.records, &parser)) {
-        complain(input.name + ": " + *error);
+        complain(input.name + ": " + *error + " (see qvgraph check)");
         return ExitCode::Failed;
     }
     const int pipes = parser.getPipeNum();

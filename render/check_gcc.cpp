@@ -10,8 +10,11 @@ void renderCheckGcc(std::ostream& out, const std::vector<CheckedFile>& files) {
         for (const Finding& finding : file.findings) {
             const Position position = file.source->position(finding.span.begin);
             out << name << ':' << position.line << ':' << position.column << ": "
-                << toText(finding.severity) << ": " << printable(finding.message) << " ["
-                << finding.code << "]\n";
+                << toText(finding.severity) << ": " << printable(finding.message);
+            if (!finding.hint.empty()) {
+                out << "; hint: " << printable(finding.hint);
+            }
+            out << " [" << finding.code << "]\n";
         }
     }
 }

@@ -9,9 +9,9 @@
 
 namespace qvgraph {
 
-// Writes for each finding, and nothing else:
+// Writes for each finding, and nothing else; the hint only where there is one:
 //
-//   door.json:3:14: warning: 'fps' stands here again: ... [duplicate-key]
+//   door.json:3:14: warning: 'fps' stands here again: ...; hint: remove ... [duplicate-key]
 void renderCheckGcc(std::ostream& out, const std::vector<CheckedFile>& files);
 
 }  // namespace qvgraph

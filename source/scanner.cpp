@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <limits>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "source/hint.h"
@@ -123,6 +124,9 @@ private:
     void finish(Value* value);
     bool fail(Awaited awaited);
     std::optional<Span> openedFor(Awaited awaited) const;
+    size_t indentOfLine(size_t byte) const;
+    std::optional<size_t> indentBefore(size_t byte) const;
+    std::optional<Span> outdented() const;
 
     const std::string_view mText;
     const size_t mBegin;
@@ -419,8 +423,10 @@ void Scanner::finish(Value* value) {
 }
 
 bool Scanner::fail(Awaited awaited) {
-    mScan.error =
-        SyntaxError{mAt, openedFor(awaited), hintFor({mText, mBegin, mAt, mToken, awaited})};
+    mScan.error = SyntaxError{mAt,
+                              openedFor(awaited),
+                              awaited == Awaited::MemberEnd && atEnd() ? outdented() : std::nullopt,
+                              hintFor({mText, mBegin, mAt, mToken, awaited})};
     return false;
 }
 
@@ -445,6 +451,57 @@ std::optional<Span> Scanner::openedFor(Awaited awaited) const {
     const Value& innermost = *mOpen.back().value;
     if (atEnd() || sees(innermost.isObject() ? ']' : '}')) {
         return Span{innermost.span.begin, innermost.span.begin + 1};
+    }
+    return std::nullopt;
+}
+
+// How many blanks the line of a byte begins with.
+size_t Scanner::indentOfLine(size_t byte) const {
+    const std::string_view before = mText.substr(mBegin, byte - mBegin);
+    const size_t end = before.rfind('\n');
+    const std::string_view line = before.substr(end == std::string_view::npos ? 0 : end + 1);
+    return std::min(line.find_first_not_of(" \t"), line.size());
+}
+
+// How many blanks stand before a byte on its line; nothing where more does.
+std::optional<size_t> Scanner::indentBefore(size_t byte) const {
+    size_t begin = byte;
+    while (begin > mBegin && (mText[begin - 1] == ' ' || mText[begin - 1] == '\t')) {
+        --begin;
+    }
+    const bool isFirst = begin == mBegin || mText[begin - 1] == '\n';
+    return isFirst ? std::optional(byte - begin) : std::nullopt;
+}
+
+// Keys that all stand equally far left tell nothing: an earlier member has to
+// stand deeper or, before a key that has an indent at all, on the line that
+// opens the object. Around the root there is nothing to belong to.
+std::optional<Span> Scanner::outdented() const {
+    const size_t beside = std::string_view::npos;
+    struct Layout {
+        size_t deepest;                 // of the keys that begin a line; `beside` before the first
+        std::optional<size_t> opening;  // the indent of the line that opens the object
+    };
+    std::unordered_map<const Value*, Layout> layouts;
+    for (const Value& value : mScan.values) {
+        const Value* object = value.parent;
+        if (object == nullptr || object->parent == nullptr || !object->isObject()) {
+            continue;
+        }
+        const auto indent = indentBefore(value.keySpan.begin);
+        const auto [found, isFirst] =
+            layouts.emplace(object, Layout{indent.value_or(beside), std::nullopt});
+        Layout& layout = found->second;
+        if (!isFirst && indent) {
+            if (!layout.opening) {
+                layout.opening = indentOfLine(object->span.begin);
+            }
+            const bool isLeft = layout.deepest == beside ? *indent > 0 : *indent < layout.deepest;
+            if (isLeft && *indent <= *layout.opening) {
+                return value.keySpan;
+            }
+            layout.deepest = layout.deepest == beside ? *indent : std::max(layout.deepest, *indent);
+        }
     }
     return std::nullopt;
 }

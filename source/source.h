@@ -72,7 +72,12 @@ struct SyntaxError {
     size_t byte =
         0;  // of the first byte that fits nowhere; the end of the text when it is too short
     std::optional<Span> opened;  // what is open there: a string's quote, a comment, a bracket
-    std::string hint;            // "" when there is nothing to say that helps
+
+    // Of a text that ends within an object: the first key whose line is indented
+    // no deeper than the one that opens the object around it, as if a bracket
+    // were missing before it.
+    std::optional<Span> outdented;
+    std::string hint;  // "" when there is nothing to say that helps
 };
 
 class Source {

@@ -78,6 +78,25 @@ TEST_F(CommentRulesTest, OnlyWhatStartsOnTheLineIsSilenced) {
 )");
 }
 
+TEST_F(CommentRulesTest, ACommentAtARelatedPlaceSilencesToo) {
+    AssertPipe(R"("node_0": {"node_opts": {"node_name": "Camera", "fps": 25},
+           "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"},
+           // qvgraph: ignore[option-overridden] the board's sensor is slower
+           "node_opts_extra": {"fps": 15}},
+"node_1": {"node_opts": {"node_name": "Display"},
+           "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"}})",
+               "");
+    AssertPipe(R"("default_mode_link": "sync", // qvgraph: ignore[duplicate-key] once
+"default_mode_link": "async")",
+               "");
+}
+
+TEST_F(CommentRulesTest, CommentsAtBothPlacesAreBothUsed) {
+    AssertPipe(R"("default_mode_link": "sync", // qvgraph: ignore[duplicate-key] once
+"default_mode_link": "async" // qvgraph: ignore[duplicate-key] now)",
+               "");
+}
+
 TEST_F(CommentRulesTest, OnlyTheCodeIsSilenced) {
     AssertPipe(
         R"("executor_0": {}, "threads": 4 // qvgraph: ignore[unknown-key])",
@@ -205,6 +224,53 @@ TEST_F(CommentRulesTest, ACommentThatSilencesNothingCanBeSilenced) {
 
 TEST_F(CommentRulesTest, NothingIsToldWhereTheTextIsNotJson) {
     EXPECT_EQ(CodesIn("// qvgraph: ignore[unknown-key]\n{"), "syntax");
+}
+
+TEST_F(CommentRulesTest, NothingIsToldOfAMemberThatIsLost) {
+    AssertPipe(R"("link_0": {"rate": 25},
+"node_0": {
+  // qvgraph: ignore[unknown-key] of the old firmware
+  "threads": 4,
+  "node_opts": {"fps": 1.5} // qvgraph: ignore[number-lost] enough
+},
+"node_0": {"node_opts": {"node_name": "Camera"},
+           "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}},
+"node_1": {"node_opts": {"node_name": "Display"},
+           "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"}})",
+               "8:1-8:9 warning duplicate-key /pipe_0/node_0: 'node_0' stands in this object "
+               "already: this one wins, and the one before is lost\n"
+               "  3:1-3:9 this one is lost\n"
+               "  hint: remove one of them, or rename it\n");
+}
+
+TEST_F(CommentRulesTest, NothingIsToldWhereNoObjectIsRead) {
+    EXPECT_EQ(CodesIn("[\n  {\"threads\": 4} // qvgraph: ignore[unknown-key]\n]"),
+              "root-not-object");
+    EXPECT_EQ(CodesIn("null // qvgraph: ignore[no-pipes]"), "no-document");
+    EXPECT_EQ(CodesIn("[]\n// qvgraph: ignore[no-pipes]"), "root-not-object");
+    EXPECT_EQ(CodesIn(R"({"Pipe_0": {"a": 4}} // qvgraph: ignore[unknown-key])"),
+              "pipe-not-addressable");
+    EXPECT_EQ(CodesIn(R"({"pipe_0": {"node_0": [
+  {"threads": 4} // qvgraph: ignore[unknown-key]
+]}})"),
+              "section-not-object");
+    EXPECT_EQ(CodesIn(R"({"pipe_0": {"link_0": [
+  {"rate": 2.5} // qvgraph: ignore[number-lost]
+]}})"),
+              "section-ignored");
+}
+
+TEST_F(CommentRulesTest, BesideALostMemberItIsTold) {
+    AssertPipe(R"("link_0": {"rate": 25},
+"link_0": {
+  "rate": 30 // qvgraph: ignore[number-lost]
+})",
+               "3:1-3:9 warning duplicate-key /pipe_0/link_0: 'link_0' stands in this object "
+               "already: this one wins, and the one before is lost\n"
+               "  2:1-2:9 this one is lost\n"
+               "  hint: remove one of them, or rename it\n"
+               "4:33-4:44 warning unused-ignore : no 'number-lost' is found on this line\n"
+               "  hint: remove it\n");
 }
 
 TEST_F(CommentRulesTest, ACodeThatIsNotAskedForIsNotTold) {

@@ -214,6 +214,24 @@ TEST_F(KeyRulesTest, AnOptionOfAStreamThatIsNearlyAKnownKeyIsTold) {
 )");
 }
 
+TEST_F(KeyRulesTest, NoInputHasAModeOfItsOwn) {
+    AssertStreamOptions(
+        R"("stream_mode_in_1": "remain_newest")",
+        R"(5:1-5:19 warning unknown-key /pipe_0/node_0/stream_opts/stream_mode_in_1: 'stream_mode_in_1' is stored as an option like any other: no input has a mode of its own
+  hint: write "stream_mode_in" if all inputs are meant: it counts for each
+)");
+    AssertStreamOptions(
+        R"("stream_mode_in_left": "remain_newest", "stream_mode_in": "remain_newest")",
+        R"(5:1-5:22 warning unknown-key /pipe_0/node_0/stream_opts/stream_mode_in_left: 'stream_mode_in_left' is stored as an option like any other: no input has a mode of its own
+  hint: remove it; "stream_mode_in" is there, and counts for all inputs
+)");
+    AssertStreamOptions(
+        R"("stream_mode_in2": "remain_newest")",
+        R"(5:1-5:18 warning unknown-key /pipe_0/node_0/stream_opts/stream_mode_in2: 'stream_mode_in2' is stored as an option like any other: no input has a mode of its own
+  hint: write "stream_mode_in" if all inputs are meant: it counts for each
+)");
+}
+
 TEST_F(KeyRulesTest, EveryOtherOptionOfAStreamIsFine) {
     for (const char* key : {"fps",
                             "mode",
@@ -222,6 +240,7 @@ TEST_F(KeyRulesTest, EveryOtherOptionOfAStreamIsFine) {
                             "stream_depth",
                             "fmt_in",
                             "stream_mode",
+                            "stream_mode_interval",
                             "in_mode_stream",
                             ""}) {
         AssertStreamOptions('"' + std::string(key) + "\": \"x\"", "");

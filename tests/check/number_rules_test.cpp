@@ -93,10 +93,10 @@ TEST_F(NumberRulesTest, AThirdPartIsIgnored) {
 TEST_F(NumberRulesTest, AnInt32IsDecimal) {
     AssertTypedValue("int32:0x10",
                      "0: 'x10' behind the number in 'int32:0x10' is ignored",
-                     R"(write "int64:0x10", or "int32:16")");
+                     R"(write "int32:16": "int64:" alone reads hexadecimal numbers)");
     AssertTypedValue("int32:0xFFFFFFFF",
                      "0: 'xFFFFFFFF' behind the number in 'int32:0xFFFFFFFF' is ignored",
-                     R"(write "int64:0xFFFFFFFF", or "int64:4294967295")");
+                     R"(write "int64:0xFFFFFFFF")");
 }
 
 TEST_F(NumberRulesTest, AWholeNumberHasNoFractionAndNoExponent) {
@@ -118,6 +118,45 @@ TEST_F(NumberRulesTest, AZeroInFrontMakesAnInt64Octal) {
     AssertTypedValue("int64:09",
                      "0: '9' behind the number in 'int64:09' is ignored",
                      R"(write "int64:9": a 0 in front makes a number octal)");
+}
+
+TEST_F(NumberRulesTest, ANumberHasNoSeparators) {
+    AssertTypedValue("int32:4,000,000",
+                     "4: ',000,000' behind the number in 'int32:4,000,000' is ignored",
+                     R"(write "int32:4000000")");
+    AssertTypedValue("int32:-4_000_000",
+                     "-4: '_000_000' behind the number in 'int32:-4_000_000' is ignored",
+                     R"(write "int32:-4000000")");
+    AssertTypedValue("int64: 12 500",
+                     "12: ' 500' behind the number in 'int64: 12 500' is ignored",
+                     R"(write "int64:12500")");
+    AssertTypedValue("int32:4,000,000,000",
+                     "4: ',000,000,000' behind the number in 'int32:4,000,000,000' is ignored",
+                     R"(write "int64:4000000000")");
+    AssertTypedValue("float:1_000",
+                     "1.0: '_000' behind the number in 'float:1_000' is ignored",
+                     R"(write "float:1000")");
+    AssertTypedValue("double:1,000,000",
+                     "1.0: ',000,000' behind the number in 'double:1,000,000' is ignored",
+                     R"(write "double:1000000")");
+}
+
+TEST_F(NumberRulesTest, OtherGroupsAreNoSeparatedNumber) {
+    AssertTypedValue("int32:4,000_000",
+                     "4: ',000_000' behind the number in 'int32:4,000_000' is ignored",
+                     R"(write "int32:4")");
+    AssertTypedValue("int32:1280,720",
+                     "1280: ',720' behind the number in 'int32:1280,720' is ignored",
+                     R"(write "int32:1280")");
+    AssertTypedValue("int32:4,00",
+                     "4: ',00' behind the number in 'int32:4,00' is ignored",
+                     R"(write "int32:4")");
+    AssertTypedValue("int32:4,000,",
+                     "4: ',000,' behind the number in 'int32:4,000,' is ignored",
+                     R"(write "int32:4")");
+    AssertTypedValue("int32:0,500",
+                     "0: ',500' behind the number in 'int32:0,500' is ignored",
+                     R"(write "int32:0")");
 }
 
 TEST_F(NumberRulesTest, ADecimalCommaIsNone) {
@@ -268,7 +307,9 @@ TEST_F(NumberRulesTest, ATypeWordIsOfAnotherLanguage) {
 
 TEST_F(NumberRulesTest, TheWordThatIsNamedHoldsTheNumber) {
     AssertTypeWord("Int32:3000000000", R"(write "int64:3000000000")");
-    AssertTypeWord("Int32:0x10", R"(write "int64:0x10")");
+    AssertTypeWord("Int32:0x10", R"(write "int32:16")");
+    AssertTypeWord("Int32:0xFFFFFFFF", R"(write "int64:0xFFFFFFFF")");
+    AssertTypeWord("uint32:0x10", R"(write "int64:0x10")");
     AssertTypeWord("Int32:2.5", R"(write "float:2.5")");
     AssertTypeWord("Int32:1e3", R"(write "int32:1000")");
     AssertTypeWord("uint32:010", R"(write "int64:10")");

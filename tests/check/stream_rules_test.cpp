@@ -784,16 +784,17 @@ TEST_F(StreamRulesTest, TheModeIsWrittenExactly) {
                 "");
 }
 
-TEST_F(StreamRulesTest, OtherModesAreOptionsLikeOthers) {
+TEST_F(StreamRulesTest, AnotherWordForTheNewestIsNoMode) {
     AssertTaker(R"({"node_opts": {"node_name": "Display"},
- "stream_opts": {"stream_input": "a", "stream_fmt_in": "f", "stream_mode_in": ""}})",
-                "");
+ "stream_opts": {"stream_input": "a", "stream_fmt_in": "f", "stream_mode_in": "newest_only"}})",
+                "3:79-3:92 warning stream-mode /pipe_0/node_0/stream_opts/stream_mode_in: "
+                "'newest_only' is not \"remain_newest\": it has no effect\n"
+                "  hint: write \"remain_newest\"\n");
     AssertTaker(R"({"node_opts": {"node_name": "Display"},
- "stream_opts": {"stream_input": "a", "stream_fmt_in": "f", "stream_mode_in": "all"}})",
-                "");
-    AssertTaker(R"({"node_opts": {"node_name": "Display"},
- "stream_opts": {"stream_input": "a", "stream_fmt_in": "f", "stream_mode_in": "remain_oldest"}})",
-                "");
+ "stream_opts": {"stream_input": "a", "stream_fmt_in": "f", "stream_mode_in": "Latest"}})",
+                "3:79-3:87 warning stream-mode /pipe_0/node_0/stream_opts/stream_mode_in: "
+                "'Latest' is not \"remain_newest\": it has no effect\n"
+                "  hint: write \"remain_newest\"\n");
 }
 
 TEST_F(StreamRulesTest, TheModeIsAText) {
@@ -846,6 +847,37 @@ TEST_F(StreamRulesTest, ExecutorsAndLinksHaveNoMode) {
     AssertPipe(R"("executor_0": {"executor_opts": {"stream_mode_in": "newest"}},
 "link_0": {"stream_mode_in": 1})",
                "");
+}
+
+// ---- stream-mode-unknown -----------------------------------------------------
+
+TEST_F(StreamRulesTest, AnyOtherModeIsAnOptionLikeOthers) {
+    AssertTaker(R"({"node_opts": {"node_name": "Display"},
+ "stream_opts": {"stream_input": "a", "stream_fmt_in": "f", "stream_mode_in": "all"}})",
+                "3:79-3:84 note stream-mode-unknown /pipe_0/node_0/stream_opts/stream_mode_in: "
+                "'all' is no mode: every item is kept\n"
+                "  hint: write \"remain_newest\", or remove it unless the node's class reads it\n");
+    AssertTaker(R"({"node_opts": {"node_name": "Display"},
+ "stream_opts": {"stream_input": "a", "stream_fmt_in": "f", "stream_mode_in": ""}})",
+                "3:79-3:81 note stream-mode-unknown /pipe_0/node_0/stream_opts/stream_mode_in: "
+                "'' is no mode: every item is kept\n"
+                "  hint: write \"remain_newest\", or remove it unless the node's class reads it\n");
+    AssertTaker(R"({"node_opts": {"node_name": "Display"},
+ "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"},
+ "stream_opts_extra": {"stream_mode_in": "remain_oldest"}})",
+                "4:42-4:57 note stream-mode-unknown "
+                "/pipe_0/node_0/stream_opts_extra/stream_mode_in: "
+                "'remain_oldest' is no mode: every item is kept\n"
+                "  hint: write \"remain_newest\", or remove it unless the node's class reads it\n");
+}
+
+TEST_F(StreamRulesTest, AModeThatIsTooLongIsToldAsThat) {
+    AssertTaker(R"({"node_opts": {"node_name": "Display"},
+ "stream_opts": {"stream_input": "a", "stream_fmt_in": "f", "stream_mode_in": ")" +
+                    std::string(128, 'm') + R"("}})",
+                "3:79-3:209 error option-too-long /pipe_0/node_0/stream_opts/stream_mode_in: "
+                "'stream_mode_in' is not stored: its text has 128 bytes, and 127 are the most\n"
+                "  hint: shorten the text by 1 byte\n");
 }
 
 }  // namespace

@@ -26,6 +26,22 @@ TEST_F(TextRulesTest, WhatIsOpenIsTold) {
 )");
 }
 
+TEST_F(TextRulesTest, AKeyThatStandsTooFarLeftIsTold) {
+    AssertFinds(R"({
+  "pipe_0": {
+    "node_0": {
+      "node_opts": {"node_name": "Camera",
+      "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}
+    }
+  }
+})",
+                R"(8:2-8:2 error syntax : unexpected end of input
+  1:1-1:2 opened here
+  5:7-5:20 by its indent this belongs further out: is a } missing before it?
+  hint: close the object with }
+)");
+}
+
 TEST_F(TextRulesTest, ATextThatIsTooShortHasItsErrorAtItsEnd) {
     AssertFinds("// nothing\n",
                 R"(2:1-2:1 error syntax : unexpected end of input

@@ -115,6 +115,43 @@ TEST_F(WiringRulesTest, AStreamNeedsAProducer) {
                "gives it\n");
 }
 
+TEST_F(WiringRulesTest, ANameThatIsOverriddenGivesNothing) {
+    AssertPipe(R"("node_0": {"node_opts": {"node_name": "Camera"},
+           "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"},
+           "stream_opts_extra": {"stream_output": "b"}},
+"node_1": {"node_opts": {"node_name": "Display"},
+           "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"}})",
+               "3:28-3:43 note option-overridden /pipe_0/node_0/stream_opts/stream_output: "
+               "'stream_output' is overridden: \"stream_opts_extra\" sets it to 'b' later\n"
+               "  4:34-4:49 it is overridden here\n"
+               "  hint: remove the one that is not meant\n"
+               "4:51-4:54 note no-consumer /pipe_0/node_0/stream_opts_extra/stream_output: "
+               "no node of the pipe takes the stream 'b'\n"
+               "  hint: add a node that takes it, unless something outside the pipe does\n"
+               "6:44-6:47 warning no-producer /pipe_0/node_1/stream_opts/stream_input: "
+               "no node of the pipe gives the stream 'a'\n"
+               "  hint: name a stream that a node of the pipe gives, or add a node that "
+               "gives it\n");
+}
+
+TEST_F(WiringRulesTest, ANameThatIsOverriddenTakesNothing) {
+    AssertPipe(R"("node_0": {"node_opts": {"node_name": "Camera"},
+           "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}},
+"node_1": {"node_opts": {"node_name": "Display", "stream_input": "a"},
+           "stream_opts": {"stream_input": "b", "stream_fmt_in": "f"}})",
+               "3:45-3:48 note no-consumer /pipe_0/node_0/stream_opts/stream_output: "
+               "no node of the pipe takes the stream 'a'\n"
+               "  hint: add a node that takes it, unless something outside the pipe does\n"
+               "4:50-4:64 note option-overridden /pipe_0/node_1/node_opts/stream_input: "
+               "'stream_input' is overridden: \"stream_opts\" sets it to 'b' later\n"
+               "  5:28-5:42 it is overridden here\n"
+               "  hint: remove the one that is not meant\n"
+               "5:44-5:47 warning no-producer /pipe_0/node_1/stream_opts/stream_input: "
+               "no node of the pipe gives the stream 'b'\n"
+               "  hint: name a stream that a node of the pipe gives, or add a node that "
+               "gives it\n");
+}
+
 TEST_F(WiringRulesTest, TheNearestStreamIsNamedAndNotReportedAgain) {
     AssertPipe(R"("node_0": {"node_opts": {"node_name": "Camera"},
            "stream_opts": {"stream_output": "frames", "stream_fmt_out": "f"}},

@@ -46,12 +46,15 @@ protected:
 
     const std::string NOTE =
         "noted.json:1:13: note: 'executor_0' has no \"executor_opts\": "
-        "a device copies nothing for it [executor-without-options]\n";
+        "a device copies nothing for it; hint: add \"executor_opts\": {...} if it is meant to have "
+        "options [executor-without-options]\n";
     const std::string TWICE =
-        "'fps' stands in this object already: this one wins, and the one before is lost "
-        "[duplicate-key]\n";
+        "'fps' stands in this object already: this one wins, and the one before is lost; "
+        "hint: remove one of them, or rename it [duplicate-key]\n";
     const std::string WARNING = "warned.json:2:25: warning: " + TWICE;
-    const std::string ERROR = "broken.json:2:1: error: unexpected end of input [syntax]\n";
+    const std::string UNCLOSED =
+        ":2:1: error: unexpected end of input; hint: close the object with } [syntax]\n";
+    const std::string ERROR = "broken.json" + UNCLOSED;
 };
 
 // ---- Findings and exit codes ------------------------------------------------
@@ -184,12 +187,13 @@ TEST_F(CheckTest, KnowsTheClassesOfALibrary) {
     AssertFinds({"--select", "stream-name-missing", "--plugin", library, "blend.json"},
                 1,
                 "blend.json:3:14: error: the class 'Blender' has 2 inputs, but none is named: "
-                "aborts the process [stream-name-missing]\n",
+                "aborts the process; hint: name each in \"stream_opts\", as "
+                "'stream_input_<k>' [stream-name-missing]\n",
                 "1 error in 1 file");
     AssertFinds({"--select", "node-class", "--no-stub", "blend.json"},
                 1,
                 "blend.json:2:41: error: the class 'Blender' is not registered: "
-                "no node is made [node-class]\n",
+                "no node is made; hint: load the library that has it with --plugin [node-class]\n",
                 "1 error in 1 file");
     AssertFails({"check", "--plugin", "/missing.so", "blend.json"},
                 "cannot load /missing.so: /missing.so: cannot open shared object file: "
@@ -267,8 +271,7 @@ TEST_F(CheckTest, ColoursWhatATerminalShows) {
 
 TEST_F(CheckTest, ReadsStandardInput) {
     request.input = BROKEN;
-    AssertFinds(
-        {"-"}, 1, "<stdin>:2:1: error: unexpected end of input [syntax]\n", "1 error in 1 file");
+    AssertFinds({"-"}, 1, "<stdin>" + UNCLOSED, "1 error in 1 file");
     AssertFinds(
         {"clean.json", "--stdin-filename", "broken.json", "-"}, 1, ERROR, "1 error in 2 files");
 }
@@ -362,8 +365,7 @@ TEST_F(CheckTest, AFileNameNeverReachesTheTerminalRaw) {
     const std::string name = "a\033[2J\n\xff.json";
     const std::string shown = "a\\x1b[2J\\x0a\ufffd.json";
     folder.write(name, BROKEN);
-    AssertFinds(
-        {name}, 1, shown + ":2:1: error: unexpected end of input [syntax]\n", "1 error in 1 file");
+    AssertFinds({name}, 1, shown + UNCLOSED, "1 error in 1 file");
     AssertFails({"check", name + "x"}, "cannot read " + shown + "x: No such file or directory");
 }
 

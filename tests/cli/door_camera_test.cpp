@@ -222,7 +222,7 @@ TEST_F(DoorCameraTest, HexadecimalForInt32) {
         R"(door.json:165:22: warning: 'max_bytes' is stored as 0: 'x400000000' behind the number in 'int32:0x400000000' is ignored [typed-value]
   165 |         "max_bytes": "int32:0x400000000",    // 16 GiB
       |                      ^~~~~~~~~~~~~~~~~~~
-      = hint: write "int64:0x400000000", or "int64:17179869184"
+      = hint: write "int64:0x400000000"
 )");
 }
 

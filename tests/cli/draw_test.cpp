@@ -153,8 +153,10 @@ TEST_F(DrawTest, ANodeClassMayBeMissing) {
 TEST_F(DrawTest, WithoutADocumentThereIsNoPicture) {
     folder.write("broken.json", "{");
     folder.write("a.svg", "old");
-    AssertFails({"draw", "broken.json"}, "broken.json: unexpected end of input");
-    AssertFails({"draw", "-o", "a.svg", "broken.json"}, "broken.json: unexpected end of input");
+    AssertFails({"draw", "broken.json"},
+                "broken.json: unexpected end of input (see qvgraph check)");
+    AssertFails({"draw", "-o", "a.svg", "broken.json"},
+                "broken.json: unexpected end of input (see qvgraph check)");
     AssertFails({"draw", "missing.json"}, "cannot read missing.json: No such file or directory");
     EXPECT_EQ(folder.read("a.svg"), "old");
 }

@@ -57,14 +57,21 @@ TEST_F(EditorsTest, TheProblemMatcherTakesEveryFindingApart) {
          "3",
          "warning",
          "unknown-key",
-         "'threads' is no key of a pipe: a device ignores it"},
+         "'threads' is no key of a pipe: a device ignores it; hint: remove it; \"thread_opts\", "
+         "\"default_mode_link\", 'executor_<e>', 'link_<l>' and 'node_<n>' are known here"},
         {"a.json",
          "3",
          "56",
          "warning",
          "number-lost",
-         "'a' is stored as 1: the fraction of '1.5' is dropped"},
-        {"a.json", "4", "47", "note", "no-consumer", "no node of the pipe takes the stream 'raw'"}};
+         "'a' is stored as 1: the fraction of '1.5' is dropped; hint: write \"float:1.5\""},
+        {"a.json",
+         "4",
+         "47",
+         "note",
+         "no-consumer",
+         "no node of the pipe takes the stream 'raw'; hint: add a node that takes it, unless "
+         "something outside the pipe does"}};
     EXPECT_EQ(problems, expected);
 }
 

@@ -121,13 +121,15 @@ TEST_F(InputTest, WithoutPermissionAFileCannotBeRead) {
 
 TEST_F(InputTest, SaysWhyADocumentDoesNotLoad) {
     folder.write("broken.json", R"({"pipe_0": {} "pipe_1": {}})");
-    AssertFails({"inspect", "broken.json"}, "broken.json: expected ',' in object, got '\"' (34)");
+    AssertFails({"inspect", "broken.json"},
+                "broken.json: expected ',' in object, got '\"' (34) (see qvgraph check)");
     folder.write("null.json", "null");
-    AssertFails({"inspect", "null.json"}, "null.json: the document is null");
+    AssertFails({"inspect", "null.json"}, "null.json: the document is null (see qvgraph check)");
     folder.write("empty.json", "");
-    AssertFails({"inspect", "empty.json"}, "empty.json: unexpected end of input");
-    AssertFails({"inspect", "/dev/null"}, "/dev/null: unexpected end of input");
-    AssertFails({"inspect", "-"}, "<stdin>: unexpected end of input");
+    AssertFails({"inspect", "empty.json"},
+                "empty.json: unexpected end of input (see qvgraph check)");
+    AssertFails({"inspect", "/dev/null"}, "/dev/null: unexpected end of input (see qvgraph check)");
+    AssertFails({"inspect", "-"}, "<stdin>: unexpected end of input (see qvgraph check)");
 }
 
 TEST_F(InputTest, ReadsUpToTheFirstNul) {

@@ -218,7 +218,7 @@ TEST_F(InspectTest, ShowsTheRecordOfAFailedLoad) {
     EXPECT_EQ(WithoutLines(result.err),
               "QVGraphParser error parseConfigText:<line>: "
               "failed to json11::Json::parse(...), err=unexpected end of input\n"
-              "qvgraph: broken.json: unexpected end of input\n");
+              "qvgraph: broken.json: unexpected end of input (see qvgraph check)\n");
     EXPECT_EQ(result.exitCode, 2);
 }
 
@@ -266,7 +266,8 @@ TEST_F(InspectTest, AFileNameNeverReachesTheTerminalRaw) {
 
 TEST_F(InspectTest, AnErrorTextNeverReachesTheTerminalRaw) {
     folder.write("evil.json", "f\033[0m");
-    AssertFails({"inspect", "evil.json"}, "evil.json: parse error: expected false, got f\\x1b[0m");
+    AssertFails({"inspect", "evil.json"},
+                "evil.json: parse error: expected false, got f\\x1b[0m (see qvgraph check)");
 }
 
 }  // namespace

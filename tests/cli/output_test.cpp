@@ -195,7 +195,7 @@ TEST_F(OutputTest, WithoutADocumentNothingIsWritten) {
     folder.write("report.txt", "old");
     folder.write("broken.json", "{");
     AssertFails({"inspect", "-o", "report.txt", "broken.json"},
-                "broken.json: unexpected end of input");
+                "broken.json: unexpected end of input (see qvgraph check)");
     AssertFails({"inspect", "-o", "report.txt", "--pipe", "1", "door.json"},
                 "door.json: there is no pipe 1: the configuration has 1, with the index 0");
     EXPECT_EQ(folder.read("report.txt"), "old");

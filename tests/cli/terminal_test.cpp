@@ -100,12 +100,12 @@ TEST_F(TerminalTest, JsonGetsNoColour) {
 const char* const RECORDS =
     "QVGraphParser error parseConfigText:<line>: "
     "failed to json11::Json::parse(...), err=unexpected end of input\n"
-    "qvgraph: broken.json: unexpected end of input\n";
+    "qvgraph: broken.json: unexpected end of input (see qvgraph check)\n";
 
 const char* const COLOURED_RECORDS =
     "\033[31m\033[1mQVGraphParser error parseConfigText:<line>: "
     "failed to json11::Json::parse(...), err=unexpected end of input\033[0m\n"
-    "qvgraph: broken.json: unexpected end of input\n";
+    "qvgraph: broken.json: unexpected end of input (see qvgraph check)\n";
 
 TEST_F(TerminalTest, RecordsGetColourByTheirOwnStream) {
     EXPECT_EQ(Records({}), COLOURED_RECORDS);

@@ -179,10 +179,11 @@ std::string gccReport(const std::vector<CheckedFile>& files) {
 }
 
 TEST(CheckGccTest, ShowsAFindingInALine) {
-    EXPECT_EQ(gccReport({doorFile(), fileWith("clean.json", "{}", {}), gateFile()}),
-              "door.json:3:14: warning: 'fps' stands here again [twice]\n"
-              "door.json:4:3: error: 'link_x' has no number [no-number]\n"
-              "gate.json:1:3: note: the last line does not end [no-line-end]\n");
+    EXPECT_EQ(
+        gccReport({doorFile(), fileWith("clean.json", "{}", {}), gateFile()}),
+        "door.json:3:14: warning: 'fps' stands here again; hint: remove one of the two [twice]\n"
+        "door.json:4:3: error: 'link_x' has no number [no-number]\n"
+        "gate.json:1:3: note: the last line does not end [no-line-end]\n");
 }
 
 TEST(CheckGccTest, WithoutFindingsThereIsNothing) {
@@ -191,7 +192,8 @@ TEST(CheckGccTest, WithoutFindingsThereIsNothing) {
 
 TEST(CheckGccTest, NothingOfAConfigurationReachesTheTerminalRaw) {
     const std::string shown = SHOWN_EVIL;
-    EXPECT_EQ(gccReport({hostileFile()}), shown + ":1:1: error: " + shown + " [evil]\n");
+    EXPECT_EQ(gccReport({hostileFile()}),
+              shown + ":1:1: error: " + shown + "; hint: " + shown + " [evil]\n");
 }
 
 }  // namespace

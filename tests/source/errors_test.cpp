@@ -324,6 +324,41 @@ TEST(ErrorTest, TwoMillionOpenBracketsStopAtTheSamePlace) {
     EXPECT_EQ(Source(times(2000000, "{\"a\":")).error()->byte, 200U * 5 + 1);
 }
 
+// ---- Keys that stand too far left --------------------------------------------
+
+// The key with its quotes; "" for none.
+std::string outdentedIn(const std::string& text) {
+    const Source source(text);
+    const auto outdented = source.error()->outdented;
+    return outdented ? text.substr(outdented->begin, outdented->end - outdented->begin) : "";
+}
+
+TEST(ErrorTest, AKeyIsIndentedDeeperThanTheLineThatOpensItsObject) {
+    EXPECT_EQ(outdentedIn("{\n  \"a\": {\n    \"b\": 1,\n  \"c\": 2\n}\n"), "\"c\"");
+    EXPECT_EQ(outdentedIn("{\n\t\"a\": {\n\t\t\"b\": 1,\n\t\"c\": 2\n}\n"), "\"c\"");
+    EXPECT_EQ(outdentedIn("{\r\n  \"a\": {\"b\": 1,\r\n  \"c\": 2\r\n}\r\n"), "\"c\"");
+    EXPECT_EQ(outdentedIn("{\n  \"a\": {\n    \"b\": {\"x\": 1,\n  \"c\": 2\n}\n}\n"), "\"c\"");
+    EXPECT_EQ(outdentedIn("{\n  \"a\": {\n    \"b\": 1,\n\"c\": 2\n}\n"), "\"c\"");
+}
+
+TEST(ErrorTest, TheFirstSuchKeyIsNamed) {
+    EXPECT_EQ(outdentedIn("{\n  \"a\": {\"x\": 1,\n  \"b\": {\"y\": 1,\n  \"c\": 2\n}\n"), "\"b\"");
+}
+
+TEST(ErrorTest, WithoutAnIndentNothingIsKnown) {
+    EXPECT_EQ(outdentedIn("{\"a\": {\"b\": 1, \"c\": 2}"), "");
+    EXPECT_EQ(outdentedIn("{\n\"a\": {\n\"b\": 1,\n\"c\": 2\n}\n"), "");
+    EXPECT_EQ(outdentedIn("{\n  \"a\": {\n  \"b\": 1,\n  \"c\": 2\n}\n"), "");
+    EXPECT_EQ(outdentedIn("{\"a\": {\"b\": 1,\n\"c\": 2}\n"), "");
+    EXPECT_EQ(outdentedIn("  {\"a\": 1,\n \"b\": 2"), "");
+    EXPECT_EQ(outdentedIn("{\n  \"a\": {\n    \"b\": 1,\n   \"c\": 2\n}\n"), "");
+}
+
+TEST(ErrorTest, OnlyATextThatEndsWithinAnObjectHasOne) {
+    EXPECT_EQ(outdentedIn("{\n  \"a\": {\"b\": 1,\n  \"c\": x\n}\n"), "");
+    EXPECT_EQ(outdentedIn("[{\n  \"a\": {\"b\": 1,\n  \"c\": 2\n}\n}\n"), "");
+}
+
 TEST(ErrorTest, CommentsBeforeTheErrorAreKept) {
     const Source source("/* a */ [1, // b\n ] // c");
     ASSERT_TRUE(source.error());
