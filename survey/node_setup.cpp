@@ -97,14 +97,19 @@ std::string placeOf(const char* side, size_t index, size_t count) {
     return place;
 }
 
+// "1 input", "2 inputs".
+std::string counted(int number, const std::string& thing) {
+    return std::to_string(number) + ' ' + thing + (number == 1 ? "" : "s");
+}
+
 // What there is to say where a class has other numbers of streams than are
 // declared.
 std::string explainCount(const std::string& side, size_t ofClass, int declared) {
     if (ofClass == static_cast<size_t>(declared)) {
         return "";
     }
-    return ": its class has " + std::to_string(ofClass) + ' ' + side +
-           "s, \"stream_opts\" declares " + std::to_string(declared);
+    return ": its class has " + counted(static_cast<int>(ofClass), side) +
+           ", \"stream_opts\" declares " + std::to_string(declared);
 }
 
 // Streams are wired in order, inputs first: the first end that is not bound is
@@ -167,6 +172,22 @@ std::string explainNoNode(Node* node) {
     return "its class '" + node->className + "' made no node";
 }
 
+// The streams of one side that are declared beyond those that the class has.
+std::string explainUnwired(const std::string& side, size_t ofClass, int declared) {
+    const int unwired = declared - static_cast<int>(ofClass);
+    if (unwired <= 0) {
+        return "";
+    }
+    return counted(unwired, "declared " + side) + (unwired == 1 ? " is" : " are") +
+           " not wired: its class has " + counted(static_cast<int>(ofClass), side);
+}
+
+std::string explainUnwired(const _QVNodeInfo& info, const Node& node) {
+    const std::string inputs = explainUnwired("input", node.inputs.size(), info.inputNum);
+    const std::string outputs = explainUnwired("output", node.outputs.size(), info.outputNum);
+    return inputs + (inputs.empty() || outputs.empty() ? "" : "; ") + outputs;
+}
+
 void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* node) {
     if (info.node == nullptr) {
         node->outcome = Outcome::NotCreated;
@@ -177,6 +198,8 @@ void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* nod
     } else if (graph.refusal()) {
         node->outcome = Outcome::StreamRefused;
         node->message = explainRefusal(*graph.refusal(), node->id);
+    } else {
+        node->message = explainUnwired(info, *node);
     }
 }
 

@@ -69,7 +69,8 @@ struct Node {
     bool created = false;            // the node proxy made a node
     Outcome outcome = Outcome::Ready;
     std::optional<int> result;   // of initTaskNode; empty where it does not return
-    std::string message;         // why it is not ready; empty when it is
+    std::string message;         // why it is not ready, or which declared streams are not
+                                 // wired where it is; empty when all is well
     bool failedByClass = false;  // its class made no node, threw or asserted something
     Options options;             // what its store holds under the keys of its objects
     Options stored;              // what the member's four objects leave in any store;
