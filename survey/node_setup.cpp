@@ -1,6 +1,7 @@
 #include "survey/node_setup.h"
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <new>
 #include <stdexcept>
@@ -19,6 +20,22 @@ using Ends = std::vector<StreamEnd>;
 
 // What the parser throws where a stream has no format.
 const std::string_view NO_FORMAT = "basic_string::_M_construct null not valid";
+
+std::atomic<const NodeInSetUp*> currentNode{nullptr};
+
+// Stands for the time in which the code of a node's class may run.
+class SetUpScope {
+public:
+    explicit SetUpScope(const NodeInSetUp& node) : mNode(node) { currentNode = &mNode; }
+    ~SetUpScope() { currentNode = nullptr; }
+
+    // It is known by its address.
+    SetUpScope(const SetUpScope&) = delete;
+    SetUpScope& operator=(const SetUpScope&) = delete;
+
+private:
+    NodeInSetUp mNode;
+};
 
 StreamEnd endOf(const std::optional<QVStreamBinding>& binding) {
     StreamEnd end;
@@ -205,6 +222,10 @@ void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* nod
 
 }  // namespace
 
+const NodeInSetUp* nodeInSetUp() {
+    return currentNode;
+}
+
 Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* graph) {
     const json11::Json& nodes = parser.root()[indexedKey("pipe_", pipe)];
     const json11::Json& member = nodes[indexedKey("node_", id)];
@@ -215,6 +236,7 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
     // The proxy reads a name up to its first NUL.
     node.className = qv_node_class_name(node.name.c_str());
 
+    const SetUpScope scope({node.className.c_str(), pipe, id});
     QVNodeOwner owner;
     graph->beginNode(id);
     try {

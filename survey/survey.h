@@ -159,6 +159,17 @@ std::optional<std::string> loadConfiguration(const std::string& text,
 // std::bad_alloc is passed on.
 Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& request);
 
+// The node whose class's code runs at this moment: it is being made, set up,
+// asked for its options or deleted.
+struct NodeInSetUp {
+    const char* className;
+    int pipe;
+    int id;
+};
+
+// Null where there is none. For a handler of signals, in which it may be called.
+const NodeInSetUp* nodeInSetUp();
+
 // A text, loaded and surveyed.
 struct SurveyedText {
     bool loads = false;
