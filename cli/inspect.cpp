@@ -160,7 +160,7 @@ void addInspect(CLI::App* app, ExitCode* code) {
                    "WHEN");
     verb.addCount("-v,--verbose",
                   &arguments->verbosity,
-                  "Show the parser's errors and failures; -vv: all records");
+                  "Show errors of the parser and of node classes; -vv: all records");
     verb.addFlag("-q,--quiet", &arguments->quiet, "Nothing on standard error but errors");
     verb.setWork([arguments, code, verb] {
         if (!verb.isGiven("FILE") && !arguments->listClasses) {
