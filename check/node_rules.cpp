@@ -295,14 +295,15 @@ std::string numberOf(const Side& side, size_t number) {
 }
 
 std::string hintToCount(const Side& side) {
+    const std::string otherwise =
+        ", name another class, or correct the numbers where the class is registered";
     switch (side.managers) {
         case 0:
-            return side.declared.size() == 1 ? "remove it, or name another class"
-                                             : "remove them, or name another class";
+            return (side.declared.size() == 1 ? "remove it" : "remove them") + otherwise;
         case 1:
-            return "declare " + inDoubleQuotes(side.nameKey) + " alone, or name another class";
+            return "declare " + inDoubleQuotes(side.nameKey) + " alone" + otherwise;
         default:
-            return "declare as many as the class has, or name another class";
+            return "declare as many as the class has" + otherwise;
     }
 }
 
