@@ -253,6 +253,30 @@ TEST_F(NodeRulesTest, TheNearestRegisteredClassIsNamed) {
                 "  hint: write 'Camera', if that class is meant\n");
 }
 
+TEST_F(NodeRulesTest, AStubForAClassThatNearlyIsARegisteredOneIsTold) {
+    Register({"Tone", 0, 1});
+    AssertGiver(R"({"node_opts": {"node_name": "Tne#low"},
+ "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
+                "2:39-2:48 warning node-class-stub /pipe_0/node_0/node_opts/node_name: "
+                "the class 'Tne' is not registered, but 'Tone' is: a stub stands in for it\n"
+                "  hint: write 'Tone', if that class is meant\n");
+}
+
+TEST_F(NodeRulesTest, AStubForAnyOtherClassIsNotTold) {
+    Register({"Tone", 0, 1});
+    AssertGiver(R"({"node_opts": {"node_name": "Microphone"},
+ "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
+                "");
+}
+
+TEST_F(NodeRulesTest, AClassOfItsOwnIsNoStubHoweverNearAnother) {
+    Register({"Tone", 0, 1});
+    Register({"Tune", 0, 1});
+    AssertGiver(R"({"node_opts": {"node_name": "Tune"},
+ "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
+                "");
+}
+
 TEST_F(NodeRulesTest, TheStubStandsInForEveryClass) {
     AssertGiver(R"({"node_opts": {"node_name": "Microphone"},
  "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
