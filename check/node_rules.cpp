@@ -112,11 +112,20 @@ bool lacksClass(const NodeSubject& node) {
     return node.canonical && isNamed && !made.created && !made.failedByClass;
 }
 
-void nodeClass(const Subject& subject, Reporter* report) {
-    std::vector<std::string> classes;
+std::vector<std::string> registeredClasses(const Subject& subject) {
+    std::vector<std::string> names;
     for (const NodeClass& known : subject.survey().nodeClasses.classes) {
-        classes.push_back(known.name);
+        names.push_back(known.name);
     }
+    return names;
+}
+
+std::string hintToClass(const std::string& nearest) {
+    return "write " + quoted(nearest) + ", if that class is meant";
+}
+
+void nodeClass(const Subject& subject, Reporter* report) {
+    const std::vector<std::string> classes = registeredClasses(subject);
     forEachNode(subject, [&](const NodeSubject& node) {
         if (!lacksClass(node)) {
             return;
@@ -130,8 +139,8 @@ void nodeClass(const Subject& subject, Reporter* report) {
         Finding& finding =
             report->atValue(name, classOf(node) + " is not registered: no node is made");
         const std::string nearest = nearestTo(node.node->className, classes);
-        finding.hint = nearest.empty() ? "load the library that has it with --plugin"
-                                       : "write " + quoted(nearest) + ", if that class is meant";
+        finding.hint =
+            nearest.empty() ? "load the library that has it with --plugin" : hintToClass(nearest);
     });
 }
 
@@ -168,6 +177,61 @@ const Rule NODE_CLASS = {
      false},
     {},
     nodeClass};
+
+// ---- node-class-stub ----------------------------------------------------------
+
+void nodeClassStub(const Subject& subject, Reporter* report) {
+    const std::vector<std::string> classes = registeredClasses(subject);
+    forEachNode(subject, [&](const NodeSubject& node) {
+        const Node& made = *node.node;
+        if (!node.canonical || !made.created || made.registered) {
+            return;
+        }
+        const std::string nearest = nearestTo(made.className, classes);
+        if (!nearest.empty()) {
+            const Value& name = *node.nodeOptions()->member("node_name");
+            report
+                ->atValue(name,
+                          classOf(node) + " is not registered, but " + quoted(nearest) +
+                              " is: a stub stands in for it")
+                .hint = hintToClass(nearest);
+        }
+    });
+}
+
+const Rule NODE_CLASS_STUB = {
+    "node-class-stub",
+    Severity::Warning,
+    "nodes",
+    "A stub stands in for a class that nearly is a registered one",
+    "Node classes are registered, and the class of this node is not among them: a stub stands in "
+    "for it. Its name differs from that of a registered class by so little that it may be "
+    "misspelt.",
+    "Where the device has no class of that name, no node is made, and the node's set-up fails.",
+    "Correct the name, or load the library that has the class with --plugin.",
+    {R"({"pipe_0": {
+  "node_0": {
+    "node_opts": {"node_name": "Camara"},
+    "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}
+  },
+  "node_1": {
+    "node_opts": {"node_name": "Display"},
+    "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"}
+  }
+}})",
+     R"({"pipe_0": {
+  "node_0": {
+    "node_opts": {"node_name": "Camera"},
+    "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}
+  },
+  "node_1": {
+    "node_opts": {"node_name": "Display"},
+    "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"}
+  }
+}})",
+     {{"Camera", 0, 1}}},
+    {},
+    nodeClassStub};
 
 // ---- node-class-failed --------------------------------------------------------
 
@@ -295,14 +359,15 @@ std::string numberOf(const Side& side, size_t number) {
 }
 
 std::string hintToCount(const Side& side) {
+    const std::string otherwise =
+        ", name another class, or correct the numbers where the class is registered";
     switch (side.managers) {
         case 0:
-            return side.declared.size() == 1 ? "remove it, or name another class"
-                                             : "remove them, or name another class";
+            return (side.declared.size() == 1 ? "remove it" : "remove them") + otherwise;
         case 1:
-            return "declare " + inDoubleQuotes(side.nameKey) + " alone, or name another class";
+            return "declare " + inDoubleQuotes(side.nameKey) + " alone" + otherwise;
         default:
-            return "declare as many as the class has, or name another class";
+            return "declare as many as the class has" + otherwise;
     }
 }
 
@@ -453,8 +518,13 @@ const Rule STREAM_NAME_MISSING = {
 }  // namespace
 
 std::vector<Rule> nodeRules() {
-    return {
-        NODE_NAME, NODE_CLASS, NODE_CLASS_FAILED, NO_STREAMS, STREAM_COUNT, STREAM_NAME_MISSING};
+    return {NODE_NAME,
+            NODE_CLASS,
+            NODE_CLASS_STUB,
+            NODE_CLASS_FAILED,
+            NO_STREAMS,
+            STREAM_COUNT,
+            STREAM_NAME_MISSING};
 }
 
 }  // namespace qvgraph

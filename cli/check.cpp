@@ -13,6 +13,7 @@
 
 #include "check/check.h"
 #include "check/words.h"
+#include "cli/crash_report.h"
 #include "cli/file_error.h"
 #include "cli/input.h"
 #include "cli/node_classes.h"
@@ -100,6 +101,7 @@ std::optional<Input> readOrComplain(const Arguments& arguments, const std::strin
 CheckedFile checkInput(const Arguments& arguments,
                        const Input& input,
                        const CheckRequest& request) {
+    reportCrashesIn(input.name);
     CheckedFile file = checkConfiguration(input.name, input.text, request);
     file.survey = {};  // of many files it would take much memory
     if (arguments.strict) {

@@ -14,6 +14,7 @@
 
 #include "check/check.h"
 #include "check/words.h"
+#include "cli/crash_report.h"
 #include "cli/file_error.h"
 #include "cli/input.h"
 #include "cli/layout.h"
@@ -128,6 +129,7 @@ CheckedFile checkInput(const Arguments& arguments, const Input& input) {
     Progress progress(!arguments.quiet);
     CheckRequest request;
     request.progress = [&](size_t done, size_t total) { progress.show("pipe", done, total); };
+    reportCrashesIn(input.name);
     return checkConfiguration(input.name, input.text, request);
 }
 

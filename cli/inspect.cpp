@@ -8,6 +8,7 @@
 #include <sstream>
 #include <string>
 
+#include "cli/crash_report.h"
 #include "cli/file_error.h"
 #include "cli/input.h"
 #include "cli/node_classes.h"
@@ -54,8 +55,8 @@ struct Arguments {
     bool quiet = false;
 };
 
-// The parser's records on standard error: errors and failures with -v, all
-// with -vv.
+// The records of the parser and of node classes on standard error: errors and
+// failures with -v, all with -vv.
 RecordObserver recordsOf(const Arguments& arguments) {
     RecordObserver records;
     if (arguments.verbosity > 0) {
@@ -123,6 +124,7 @@ ExitCode inspect(const Arguments& arguments) {
         Progress progress(!arguments.quiet && arguments.verbosity == 0);
         request.pipe = arguments.pipe;
         request.progress = [&](size_t done, size_t total) { progress.show("pipe", done, total); };
+        reportCrashesIn(input.name);
         survey = surveyConfiguration(parser, request);
     }
     writeOutput(arguments.output, render(arguments, input, survey));
@@ -158,7 +160,7 @@ void addInspect(CLI::App* app, ExitCode* code) {
                    "WHEN");
     verb.addCount("-v,--verbose",
                   &arguments->verbosity,
-                  "Show the parser's errors and failures; -vv: all records");
+                  "Show errors of the parser and of node classes; -vv: all records");
     verb.addFlag("-q,--quiet", &arguments->quiet, "Nothing on standard error but errors");
     verb.setWork([arguments, code, verb] {
         if (!verb.isGiven("FILE") && !arguments->listClasses) {

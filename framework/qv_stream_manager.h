@@ -34,7 +34,9 @@ public:
     virtual int setStreamType(const std::string& format) = 0;
 
     // Not 0: the input keeps only the newest data ("remain_newest"). The
-    // parser sets it to 1, after setStreamType, and never clears it.
+    // parser sets it to 1, after setStreamType, for every input of a node or
+    // for none, and never clears it. A node that wants it of one input alone
+    // sets it there in its own initialize, which is called afterwards.
     int32_t mRemainNewest = 0;
 };
 

@@ -32,7 +32,7 @@ public:
         if (result == 0) {
             mNames.emplace_back(nodeClass.name);
         } else if (mError.empty()) {
-            mError = explain(result, nodeClass.name != nullptr ? nodeClass.name : "");
+            mError = explain(result, nodeClass);
         }
         return result;
     }
@@ -45,9 +45,12 @@ public:
     const std::string& error() const { return mError; }
 
 private:
-    std::string explain(int result, const std::string& name) const {
+    std::string explain(int result, const QVNodeClass& nodeClass) const {
+        const std::string name = nodeClass.name != nullptr ? nodeClass.name : "";
         if (result == -2) {
-            return "'" + name + "' is no class that can be registered: see host/qv_node_class.h";
+            return "'" + name +
+                   "' is no class that can be registered: " + qv_node_class_fault(nodeClass) +
+                   " (see host/qv_node_class.h)";
         }
         if (std::find(mNames.begin(), mNames.end(), name) != mNames.end()) {
             return "it registers the class '" + name + "' twice";

@@ -10,17 +10,8 @@ QVTaskNodeBase* createStub(const _QVNodeInfo* /*info*/) {
     return new QVStubTaskNode;
 }
 
-bool isClassName(const char* name) {
-    return name != nullptr && *name != '\0' && qv_node_class_name(name) == name;
-}
-
 bool isNumber(int streams) {
     return streams >= 0 || streams == QV_AS_DECLARED;
-}
-
-bool isClass(const QVNodeClass& nodeClass) {
-    return isClassName(nodeClass.name) && nodeClass.create != nullptr &&
-           isNumber(nodeClass.inputNum) && isNumber(nodeClass.outputNum);
 }
 
 }  // namespace
@@ -35,7 +26,7 @@ int QVNodeRegistry::registerClass(const QVNodeClass& nodeClass) {
 }
 
 int QVNodeRegistry::registerClass(const QVNodeClass& nodeClass, const std::string& origin) {
-    if (!isClass(nodeClass)) {
+    if (!qv_node_class_fault(nodeClass).empty()) {
         return -2;
     }
     Registered registered = {nodeClass, origin};
@@ -95,4 +86,23 @@ std::optional<QVNodeClass> QVNodeRegistry::find(std::string_view name) const {
 
 std::string_view qv_node_class_name(std::string_view nodeName) {
     return nodeName.substr(0, nodeName.find('#'));
+}
+
+std::string qv_node_class_fault(const QVNodeClass& nodeClass) {
+    if (nodeClass.name == nullptr || *nodeClass.name == '\0') {
+        return "it has no name";
+    }
+    if (qv_node_class_name(nodeClass.name) != nodeClass.name) {
+        return "its name has a '#', which ends the name of a class";
+    }
+    if (nodeClass.create == nullptr) {
+        return "it has no create function";
+    }
+    if (!isNumber(nodeClass.inputNum)) {
+        return "its number of inputs is " + std::to_string(nodeClass.inputNum);
+    }
+    if (!isNumber(nodeClass.outputNum)) {
+        return "its number of outputs is " + std::to_string(nodeClass.outputNum);
+    }
+    return "";
 }

@@ -68,4 +68,8 @@ private:
 // The class in a node's name: what stands before the first '#'.
 std::string_view qv_node_class_name(std::string_view nodeName);
 
+// Why a class is not as QVNodeClass says: "it has no create function". Empty
+// when it is.
+std::string qv_node_class_fault(const QVNodeClass& nodeClass);
+
 #endif  // QVGRAPH_HOST_QV_NODE_REGISTRY_H_

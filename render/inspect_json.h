@@ -23,9 +23,10 @@ namespace qvgraph {
 //
 // "options" is an array of {"key", "type", "value"} in key order. What is not
 // there is null: a key that an index or id does not lead to, the result of a
-// set-up that does not return, the message of a ready node, the name, id and
-// format of a stream end that was not wired, a missing producer. Floats that
-// JSON cannot write are the strings "inf", "-inf" and "nan".
+// set-up that does not return, the message of a ready node all of whose declared
+// streams are wired, the name, id and format of a stream end that was not wired,
+// a missing producer. Floats that JSON cannot write are the strings "inf",
+// "-inf" and "nan".
 void renderInspectJson(std::ostream& out, const std::string& file, const Survey& survey);
 
 // Writes one object with a newline behind it:

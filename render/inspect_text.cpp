@@ -52,7 +52,7 @@ private:
 
     std::ostream& mOut;
     bool mColour;
-    bool mMarkStubs = false;
+    std::vector<NodeClass> mClasses;  // that are registered
 };
 
 std::string counted(size_t number, const std::string& thing) {
@@ -128,8 +128,15 @@ std::vector<Row> wiringOf(const Node& node) {
     return rows;
 }
 
-// Stubs are told from nodes of classes only where there are classes.
-std::string nameOf(const Node& node, bool markStubs) {
+bool isRegistered(const std::string& className, const std::vector<NodeClass>& classes) {
+    return std::any_of(classes.begin(), classes.end(), [&](const NodeClass& nodeClass) {
+        return nodeClass.name == className;
+    });
+}
+
+// Stubs are told from nodes of classes only where there are classes. A class is
+// told as registered where it makes no node, too.
+std::string nameOf(const Node& node, const std::vector<NodeClass>& classes) {
     if (node.name.empty()) {
         return "(no name)";
     }
@@ -137,10 +144,10 @@ std::string nameOf(const Node& node, bool markStubs) {
     if (node.name != node.className) {
         name += ", class " + printable(node.className);
     }
-    if (node.registered) {
+    if (isRegistered(node.className, classes)) {
         return name + " (registered)";
     }
-    return name + (markStubs && node.outcome != Outcome::NotCreated ? " (stub)" : "");
+    return name + (!classes.empty() && node.outcome != Outcome::NotCreated ? " (stub)" : "");
 }
 
 template <typename Item>
@@ -166,7 +173,7 @@ std::string joined(const std::vector<std::string>& texts) {
 }
 
 void Report::write(const std::string& file, const Survey& survey) {
-    mMarkStubs = !survey.nodeClasses.classes.empty();
+    mClasses = survey.nodeClasses.classes;
     mOut << printable(file) << ": " << counted(survey.pipes.size(), "pipe") << ", "
          << textOf(readinessOf(survey)) << '\n';
     for (const Pipe& pipe : survey.pipes) {
@@ -226,7 +233,7 @@ void Report::writeNodes(const std::vector<Node>& nodes) {
     mOut << '\n' << blanks(SECTION) << "nodes\n";
     for (size_t i = 0; i < nodes.size(); ++i) {
         mOut << (i > 0 ? "\n" : "");
-        heads[i].push_back(nameOf(nodes[i], mMarkStubs));
+        heads[i].push_back(nameOf(nodes[i], mClasses));
         writeNode(nodes[i], heads[i], widths);
     }
 }
@@ -234,12 +241,13 @@ void Report::writeNodes(const std::vector<Node>& nodes) {
 void Report::writeNode(const Node& node, const Row& head, const std::vector<size_t>& widths) {
     writeRow(head, widths, ITEM);
     mOut << blanks(DETAIL);
-    if (node.outcome == Outcome::Ready) {
-        mOut << good(toText(node.outcome)) << '\n';
+    const std::string outcome = toText(node.outcome);
+    mOut << (node.outcome == Outcome::Ready ? good(outcome) : bad(outcome));
+    if (node.message.empty()) {
+        mOut << '\n';
     } else {
-        mOut << bad(toText(node.outcome)) << ": ";
-        const size_t column = DETAIL + columnsOf(toText(node.outcome)) + 2;
-        writeWrapped(mOut, printable(node.message), column);
+        mOut << ": ";
+        writeWrapped(mOut, printable(node.message), DETAIL + columnsOf(outcome) + 2);
     }
     writeRows(wiringOf(node), DETAIL);
     writeRows(rowsOf(node.options), DETAIL);

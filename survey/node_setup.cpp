@@ -1,6 +1,7 @@
 #include "survey/node_setup.h"
 
 #include <algorithm>
+#include <atomic>
 #include <exception>
 #include <new>
 #include <stdexcept>
@@ -19,6 +20,22 @@ using Ends = std::vector<StreamEnd>;
 
 // What the parser throws where a stream has no format.
 const std::string_view NO_FORMAT = "basic_string::_M_construct null not valid";
+
+std::atomic<const NodeInSetUp*> currentNode{nullptr};
+
+// Stands for the time in which the code of a node's class may run.
+class SetUpScope {
+public:
+    explicit SetUpScope(const NodeInSetUp& node) : mNode(node) { currentNode = &mNode; }
+    ~SetUpScope() { currentNode = nullptr; }
+
+    // It is known by its address.
+    SetUpScope(const SetUpScope&) = delete;
+    SetUpScope& operator=(const SetUpScope&) = delete;
+
+private:
+    NodeInSetUp mNode;
+};
 
 StreamEnd endOf(const std::optional<QVStreamBinding>& binding) {
     StreamEnd end;
@@ -97,14 +114,19 @@ std::string placeOf(const char* side, size_t index, size_t count) {
     return place;
 }
 
+// "1 input", "2 inputs".
+std::string counted(int number, const std::string& thing) {
+    return std::to_string(number) + ' ' + thing + (number == 1 ? "" : "s");
+}
+
 // What there is to say where a class has other numbers of streams than are
 // declared.
 std::string explainCount(const std::string& side, size_t ofClass, int declared) {
     if (ofClass == static_cast<size_t>(declared)) {
         return "";
     }
-    return ": its class has " + std::to_string(ofClass) + ' ' + side +
-           "s, \"stream_opts\" declares " + std::to_string(declared);
+    return ": its class has " + counted(static_cast<int>(ofClass), side) +
+           ", \"stream_opts\" declares " + std::to_string(declared);
 }
 
 // Streams are wired in order, inputs first: the first end that is not bound is
@@ -167,6 +189,22 @@ std::string explainNoNode(Node* node) {
     return "its class '" + node->className + "' made no node";
 }
 
+// The streams of one side that are declared beyond those that the class has.
+std::string explainUnwired(const std::string& side, size_t ofClass, int declared) {
+    const int unwired = declared - static_cast<int>(ofClass);
+    if (unwired <= 0) {
+        return "";
+    }
+    return counted(unwired, "declared " + side) + (unwired == 1 ? " is" : " are") +
+           " not wired: its class has " + counted(static_cast<int>(ofClass), side);
+}
+
+std::string explainUnwired(const _QVNodeInfo& info, const Node& node) {
+    const std::string inputs = explainUnwired("input", node.inputs.size(), info.inputNum);
+    const std::string outputs = explainUnwired("output", node.outputs.size(), info.outputNum);
+    return inputs + (inputs.empty() || outputs.empty() ? "" : "; ") + outputs;
+}
+
 void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* node) {
     if (info.node == nullptr) {
         node->outcome = Outcome::NotCreated;
@@ -177,10 +215,16 @@ void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* nod
     } else if (graph.refusal()) {
         node->outcome = Outcome::StreamRefused;
         node->message = explainRefusal(*graph.refusal(), node->id);
+    } else {
+        node->message = explainUnwired(info, *node);
     }
 }
 
 }  // namespace
+
+const NodeInSetUp* nodeInSetUp() {
+    return currentNode;
+}
 
 Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* graph) {
     const json11::Json& nodes = parser.root()[indexedKey("pipe_", pipe)];
@@ -192,6 +236,7 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
     // The proxy reads a name up to its first NUL.
     node.className = qv_node_class_name(node.name.c_str());
 
+    const SetUpScope scope({node.className.c_str(), pipe, id});
     QVNodeOwner owner;
     graph->beginNode(id);
     try {

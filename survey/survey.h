@@ -69,7 +69,8 @@ struct Node {
     bool created = false;            // the node proxy made a node
     Outcome outcome = Outcome::Ready;
     std::optional<int> result;   // of initTaskNode; empty where it does not return
-    std::string message;         // why it is not ready; empty when it is
+    std::string message;         // why it is not ready, or which declared streams are not
+                                 // wired where it is; empty when all is well
     bool failedByClass = false;  // its class made no node, threw or asserted something
     Options options;             // what its store holds under the keys of its objects
     Options stored;              // what the member's four objects leave in any store;
@@ -157,6 +158,17 @@ std::optional<std::string> loadConfiguration(const std::string& text,
 // What a node class throws while its node is set up is told as WouldThrow;
 // std::bad_alloc is passed on.
 Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& request);
+
+// The node whose class's code runs at this moment: it is being made, set up,
+// asked for its options or deleted.
+struct NodeInSetUp {
+    const char* className;
+    int pipe;
+    int id;
+};
+
+// Null where there is none. For a handler of signals, in which it may be called.
+const NodeInSetUp* nodeInSetUp();
 
 // A text, loaded and surveyed.
 struct SurveyedText {

@@ -253,6 +253,30 @@ TEST_F(NodeRulesTest, TheNearestRegisteredClassIsNamed) {
                 "  hint: write 'Camera', if that class is meant\n");
 }
 
+TEST_F(NodeRulesTest, AStubForAClassThatNearlyIsARegisteredOneIsTold) {
+    Register({"Tone", 0, 1});
+    AssertGiver(R"({"node_opts": {"node_name": "Tne#low"},
+ "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
+                "2:39-2:48 warning node-class-stub /pipe_0/node_0/node_opts/node_name: "
+                "the class 'Tne' is not registered, but 'Tone' is: a stub stands in for it\n"
+                "  hint: write 'Tone', if that class is meant\n");
+}
+
+TEST_F(NodeRulesTest, AStubForAnyOtherClassIsNotTold) {
+    Register({"Tone", 0, 1});
+    AssertGiver(R"({"node_opts": {"node_name": "Microphone"},
+ "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
+                "");
+}
+
+TEST_F(NodeRulesTest, AClassOfItsOwnIsNoStubHoweverNearAnother) {
+    Register({"Tone", 0, 1});
+    Register({"Tune", 0, 1});
+    AssertGiver(R"({"node_opts": {"node_name": "Tune"},
+ "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
+                "");
+}
+
 TEST_F(NodeRulesTest, TheStubStandsInForEveryClass) {
     AssertGiver(R"({"node_opts": {"node_name": "Microphone"},
  "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
@@ -479,7 +503,8 @@ TEST_F(NodeRulesTest, OptionsOfStreamsThatAreNoObjectAreReportedAlone) {
 
 TEST_F(NodeRulesTest, AClassMayHaveFewerOutputsThanAreDeclared) {
     Register({"Stereo", 0, 2});
-    AssertPipe(R"("node_0": {"node_opts": {"node_name": "Stereo"},
+    AssertPipe(
+        R"("node_0": {"node_opts": {"node_name": "Stereo"},
  "stream_opts": {
   "stream_output_0": "a", "stream_fmt_out_0": "f",
   "stream_output_1": "b", "stream_fmt_out_1": "f",
@@ -489,65 +514,70 @@ TEST_F(NodeRulesTest, AClassMayHaveFewerOutputsThanAreDeclared) {
   "stream_input_0": "a", "stream_fmt_in_0": "f",
   "stream_input_1": "b", "stream_fmt_in_1": "f",
   "stream_input_2": "c", "stream_fmt_in_2": "f"}})",
-               "6:3-6:20 error stream-count /pipe_0/node_0/stream_opts/stream_output_2: "
-               "the class 'Stereo' has 2 outputs, but 3 are declared\n"
-               "  hint: declare as many as the class has, or name another class\n");
+        "6:3-6:20 error stream-count /pipe_0/node_0/stream_opts/stream_output_2: "
+        "the class 'Stereo' has 2 outputs, but 3 are declared\n"
+        "  hint: declare as many as the class has, name another class, or correct the numbers where the class is registered\n");
 }
 
 TEST_F(NodeRulesTest, AClassMayHaveNoInputsAtAll) {
     Register({"Source", 0, 1});
-    AssertGiver(R"({"node_opts": {"node_name": "Source"},
+    AssertGiver(
+        R"({"node_opts": {"node_name": "Source"},
  "stream_opts": {"stream_input": "b", "stream_fmt_in": "f",
                  "stream_output": "a", "stream_fmt_out": "f"}})",
-                "3:18-3:32 error stream-count /pipe_0/node_0/stream_opts/stream_input: "
-                "the class 'Source' has no input, but 1 is declared\n"
-                "  hint: remove it, or name another class\n"
-                "3:34-3:37 warning no-producer /pipe_0/node_0/stream_opts/stream_input: "
-                "no node of the pipe gives the stream 'b'\n"
-                "  hint: name a stream that a node of the pipe gives, or add a node that "
-                "gives it\n");
-    AssertGiver(R"({"node_opts": {"node_name": "Source"},
+        "3:18-3:32 error stream-count /pipe_0/node_0/stream_opts/stream_input: "
+        "the class 'Source' has no input, but 1 is declared\n"
+        "  hint: remove it, name another class, or correct the numbers where the class is registered\n"
+        "3:34-3:37 warning no-producer /pipe_0/node_0/stream_opts/stream_input: "
+        "no node of the pipe gives the stream 'b'\n"
+        "  hint: name a stream that a node of the pipe gives, or add a node that "
+        "gives it\n");
+    AssertGiver(
+        R"({"node_opts": {"node_name": "Source"},
  "stream_opts": {"stream_input_0": "b", "stream_input_1": "c",
                  "stream_output": "a", "stream_fmt_out": "f"}})",
-                "3:18-3:34 error stream-count /pipe_0/node_0/stream_opts/stream_input_0: "
-                "the class 'Source' has no input, but 2 are declared\n"
-                "  hint: remove them, or name another class\n"
-                "3:36-3:39 warning no-producer /pipe_0/node_0/stream_opts/stream_input_0: "
-                "no node of the pipe gives the stream 'b'\n"
-                "  hint: name a stream that a node of the pipe gives, or add a node that "
-                "gives it\n"
-                "3:59-3:62 warning no-producer /pipe_0/node_0/stream_opts/stream_input_1: "
-                "no node of the pipe gives the stream 'c'\n"
-                "  hint: name a stream that a node of the pipe gives, or add a node that "
-                "gives it\n");
+        "3:18-3:34 error stream-count /pipe_0/node_0/stream_opts/stream_input_0: "
+        "the class 'Source' has no input, but 2 are declared\n"
+        "  hint: remove them, name another class, or correct the numbers where the class is registered\n"
+        "3:36-3:39 warning no-producer /pipe_0/node_0/stream_opts/stream_input_0: "
+        "no node of the pipe gives the stream 'b'\n"
+        "  hint: name a stream that a node of the pipe gives, or add a node that "
+        "gives it\n"
+        "3:59-3:62 warning no-producer /pipe_0/node_0/stream_opts/stream_input_1: "
+        "no node of the pipe gives the stream 'c'\n"
+        "  hint: name a stream that a node of the pipe gives, or add a node that "
+        "gives it\n");
 }
 
 TEST_F(NodeRulesTest, AClassWithOneInputTakesThePlainKey) {
     Register({"Display", 1, 0});
     // It is set up, with the plain key.
-    AssertTaker(R"({"node_opts": {"node_name": "Display"},
+    AssertTaker(
+        R"({"node_opts": {"node_name": "Display"},
  "stream_opts": {"stream_input": "a", "stream_fmt_in": "f",
                  "stream_input_1": "a", "stream_fmt_in_1": "f"}})",
-                "4:18-4:34 error stream-count /pipe_0/node_0/stream_opts/stream_input_1: "
-                "the class 'Display' has 1 input, but 2 are declared\n"
-                "  hint: declare \"stream_input\" alone, or name another class\n");
+        "4:18-4:34 error stream-count /pipe_0/node_0/stream_opts/stream_input_1: "
+        "the class 'Display' has 1 input, but 2 are declared\n"
+        "  hint: declare \"stream_input\" alone, name another class, or correct the numbers where the class is registered\n");
     // The process is aborted.
-    AssertTaker(R"({"node_opts": {"node_name": "Display"},
+    AssertTaker(
+        R"({"node_opts": {"node_name": "Display"},
  "stream_opts": {"stream_input_0": "a", "stream_fmt_in_0": "f",
                  "stream_input_1": "a", "stream_fmt_in_1": "f"}})",
-                "3:18-3:34 error stream-count /pipe_0/node_0/stream_opts/stream_input_0: "
-                "the class 'Display' has 1 input, but 2 are declared\n"
-                "  hint: declare \"stream_input\" alone, or name another class\n");
+        "3:18-3:34 error stream-count /pipe_0/node_0/stream_opts/stream_input_0: "
+        "the class 'Display' has 1 input, but 2 are declared\n"
+        "  hint: declare \"stream_input\" alone, name another class, or correct the numbers where the class is registered\n");
 }
 
 TEST_F(NodeRulesTest, TheKeyThatIsNotLookedUpIsTheOneTooMany) {
     Register({"Join", 2, 0});
-    AssertTaker(R"({"node_opts": {"node_name": "Join"},
+    AssertTaker(
+        R"({"node_opts": {"node_name": "Join"},
  "stream_opts": {"stream_input": "a", "stream_fmt_in_0": "f",
                  "stream_input_0": "a", "stream_fmt_in_1": "f", "stream_input_1": "a"}})",
-                "3:18-3:32 error stream-count /pipe_0/node_0/stream_opts/stream_input: "
-                "the class 'Join' has 2 inputs, but 3 are declared\n"
-                "  hint: declare as many as the class has, or name another class\n");
+        "3:18-3:32 error stream-count /pipe_0/node_0/stream_opts/stream_input: "
+        "the class 'Join' has 2 inputs, but 3 are declared\n"
+        "  hint: declare as many as the class has, name another class, or correct the numbers where the class is registered\n");
 }
 
 TEST_F(NodeRulesTest, AsManyAsAreDeclaredAreRight) {

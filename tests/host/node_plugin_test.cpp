@@ -106,7 +106,9 @@ TEST_F(NodePluginTest, ClassThatAnotherLibraryHas) {
 }
 
 TEST_F(NodePluginTest, ClassThatCannotBeRegistered) {
-    AssertFails(Path("no_name"), "'' is no class that can be registered: see host/qv_node_class.h");
+    AssertFails(Path("no_name"),
+                "'' is no class that can be registered: it has no name "
+                "(see host/qv_node_class.h)");
 }
 
 TEST_F(NodePluginTest, LibraryThatRegistersNothing) {

@@ -259,6 +259,19 @@ TEST(NodeClassNameTest, IsWhatStandsBeforeTheFirstHash) {
     EXPECT_EQ(qv_node_class_name("#front"), "");
 }
 
+// ---- What is no class ---------------------------------------------------------
+
+TEST(NodeClassFaultTest, SaysWhatIsWrong) {
+    EXPECT_EQ(qv_node_class_fault({"Camera", createCamera, 0, 1}), "");
+    EXPECT_EQ(qv_node_class_fault({nullptr, createCamera}), "it has no name");
+    EXPECT_EQ(qv_node_class_fault({"", createCamera}), "it has no name");
+    EXPECT_EQ(qv_node_class_fault({"Camera#", createCamera}),
+              "its name has a '#', which ends the name of a class");
+    EXPECT_EQ(qv_node_class_fault({"Camera", nullptr}), "it has no create function");
+    EXPECT_EQ(qv_node_class_fault({"Camera", createCamera, -2, 1}), "its number of inputs is -2");
+    EXPECT_EQ(qv_node_class_fault({"Camera", createCamera, 1, -7}), "its number of outputs is -7");
+}
+
 // ---- Threads ----------------------------------------------------------------
 
 TEST_F(NodeRegistryTest, OneOfManyThreadsGetsAName) {

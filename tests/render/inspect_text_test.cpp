@@ -224,10 +224,8 @@ TEST_F(TextReportTest, NothingOfAConfigurationReachesTheTerminalRaw) {
 TEST_F(TextReportTest, WhereThereAreClassesMarksTheirNodesAndStubs) {
     Pipe pipe = pipeAt(0);
     qvgraph::Node plain = nodeNamed(0, 0, "Camera");
-    plain.registered = true;
     qvgraph::Node labelled = nodeNamed(1, 1, "Camera#door");
     labelled.className = "Camera";
-    labelled.registered = true;
     qvgraph::Node missing = nodeNamed(3, 3, "Lens");
     missing.outcome = qvgraph::Outcome::NotCreated;
     missing.message = "its class 'Lens' made no node";
@@ -251,6 +249,49 @@ pipe_0: index 0, 0 executor threads, default link mode none
 
     3  node_3  id 3  Lens
          not created: its class 'Lens' made no node
+)");
+}
+
+TEST_F(TextReportTest, MarksAClassAsRegisteredWhereItMakesNoNode) {
+    Pipe pipe = pipeAt(0);
+    qvgraph::Node throws = nodeNamed(0, 0, "Tone");
+    throws.outcome = qvgraph::Outcome::WouldThrow;
+    throws.message = "no such tone";
+    qvgraph::Node makesNone = nodeNamed(1, 1, "Tone#low");
+    makesNone.outcome = qvgraph::Outcome::NotCreated;
+    makesNone.message = "its class 'Tone' made no node";
+    pipe.nodes = {throws, makesNone};
+    qvgraph::Survey survey = surveyOf(pipe);
+    survey.nodeClasses.classes = {{"Tone", "tone.so"}};
+    AssertShows(survey, R"(
+door.json: 1 pipe, 2 nodes, 2 of them not ready
+
+pipe_0: index 0, 0 executor threads, default link mode none
+
+  nodes
+    0  node_0  id 0  Tone (registered)
+         would throw: no such tone
+
+    1  node_1  id 1  Tone#low, class Tone (registered)
+         not created: its class 'Tone' made no node
+)");
+}
+
+TEST_F(TextReportTest, ShowsWhatAReadyNodeLeavesUnwired) {
+    Pipe pipe = pipeAt(0);
+    qvgraph::Node node = nodeNamed(0, 0, "Tone");
+    node.message = "1 declared input is not wired: its class has 0 inputs";
+    node.outputs = {wiredTo("a", 0, "f")};
+    pipe.nodes = {node};
+    AssertShows(surveyOf(pipe), R"(
+door.json: 1 pipe, 1 node, ready
+
+pipe_0: index 0, 0 executor threads, default link mode none
+
+  nodes
+    0  node_0  id 0  Tone
+         ready: 1 declared input is not wired: its class has 0 inputs
+         out  0  a  f
 )");
 }
 

@@ -244,5 +244,6 @@ ProcessResult runProcess(const ProcessRequest& request) {
     int status = 0;
     checked(waitpid(child, &status, 0), "waitpid");
     result.exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    result.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
     return result;
 }

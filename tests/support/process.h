@@ -40,6 +40,7 @@ struct ProcessResult {
     // What the program returned; -1 when a signal ended it, 127 when it could
     // not be run.
     int exitCode = -1;
+    int signal = 0;  // that ended it, if one did
     std::string out;
     std::string err;
 };

@@ -329,11 +329,46 @@ out - - -
 )");
 }
 
+TEST_F(OutcomeOfSetUpTest, AClassOfOneStreamSaysSoInTheSingular) {
+    RegisterCreator(
+        "Filter", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new QVHostTaskNode; }, 1, 0);
+    AssertWired(R"({"stream_output": "b", "stream_fmt_out": "f"})", R"(
+would abort (-): no name for its input stream: its class has 1 input, "stream_opts" declares 0
+in - - -
+)");
+}
+
 TEST_F(OutcomeOfSetUpTest, ANodeThatWouldAbortHasItsOptions) {
     EXPECT_EQ(textOf(NodeOf(R"({"node_opts": {"node_name": "Filter"},
                                "stream_opts": {"stream_input": 5}})")
                          .options),
               R"({node_name "Filter", stream_input 5})");
+}
+
+// ---- Ready, with streams that are not wired ---------------------------------
+
+TEST_F(OutcomeOfSetUpTest, AReadyNodeTellsWhichDeclaredStreamsAreNotWired) {
+    RegisterCreator(
+        "Tone", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new QVHostTaskNode; }, 0, 2);
+    const Node node = NodeOf(R"({"node_opts": {"node_name": "Tone"},
+                                "stream_opts": {"stream_input": "low", "stream_fmt_in": "f",
+                                                "stream_output_0": "a", "stream_fmt_out_0": "f",
+                                                "stream_output_1": "b", "stream_fmt_out_1": "f",
+                                                "stream_output_2": "c", "stream_output_3": "d"}})");
+    EXPECT_EQ(outcomeOf(node),
+              "\nready (0): 1 declared input is not wired: its class has 0 inputs; "
+              "2 declared outputs are not wired: its class has 2 outputs\n"
+              "out 0 \"a\" \"f\"\n"
+              "out 1 \"b\" \"f\"\n");
+}
+
+TEST_F(OutcomeOfSetUpTest, AReadyNodeOfAsManyStreamsAsDeclaredLeavesNone) {
+    const Node node = NodeOf(R"({"node_opts": {"node_name": "Tone"},
+                                "stream_opts": {"stream_input": "low", "stream_fmt_in": "f"}})");
+    EXPECT_EQ(outcomeOf(node), R"(
+ready (0)
+in 0 "low" "f"
+)");
 }
 
 // ---- Would throw ------------------------------------------------------------
