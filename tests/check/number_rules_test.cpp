@@ -1,5 +1,7 @@
 // Numbers in options: those that are stored as others than are written, and
 // those that are stored as texts.
+#include <map>
+#include <sstream>
 #include <string>
 
 #include "tests/check/check_test.h"
@@ -303,6 +305,21 @@ TEST_F(NumberRulesTest, ATypeWordIsOfAnotherLanguage) {
     AssertTypeWord("float64:0.5", R"(write "double:0.5")");
     AssertTypeWord("number:5", R"(write "int32:5")");
     AssertTypeWord("number:0.5", R"(write "float:0.5")");
+}
+
+TEST_F(NumberRulesTest, EveryWordOfAnotherLanguageHasItsOwnHere) {
+    const std::map<std::string, std::string> words = {
+        {"int32",
+         "int integer int8 int8_t int16 int16_t uint8 uint8_t uint16 uint16_t u8 u16 i32 int32_t"},
+        {"int64", "long unsigned i64 int64_t uint size_t uint32 uint32_t uint64 uint64_t u32 u64"},
+        {"float", "float16 float32 f32"},
+        {"double", "float64 f64"}};
+    for (const auto& [ours, theirs] : words) {
+        std::istringstream each(theirs);
+        for (std::string word; each >> word;) {
+            AssertTypeWord(word + ":7", "write \"" + ours + ":7\"");
+        }
+    }
 }
 
 TEST_F(NumberRulesTest, TheWordThatIsNamedHoldsTheNumber) {
