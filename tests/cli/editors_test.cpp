@@ -57,8 +57,9 @@ TEST_F(EditorsTest, TheProblemMatcherTakesEveryFindingApart) {
          "3",
          "warning",
          "unknown-key",
-         "'threads' is no key of a pipe: a device ignores it; hint: remove it; \"thread_opts\", "
-         "\"default_mode_link\", 'executor_<e>', 'link_<l>' and 'node_<n>' are known here"},
+         std::string("'threads' is no key of a pipe: a device ignores it; hint: remove it; ") +
+             "\"thread_opts\", \"default_mode_link\", 'executor_<e>', 'link_<l>' and 'node_<n>' "
+             "are known here"},
         {"a.json",
          "3",
          "56",
@@ -70,8 +71,9 @@ TEST_F(EditorsTest, TheProblemMatcherTakesEveryFindingApart) {
          "47",
          "note",
          "no-consumer",
-         "no node of the pipe takes the stream 'raw'; hint: add a node that takes it, unless "
-         "something outside the pipe does"}};
+         std::string(
+             "no node of the pipe takes the stream 'raw'; hint: add a node that takes it, ") +
+             "unless something outside the pipe does"}};
     EXPECT_EQ(problems, expected);
 }
 
