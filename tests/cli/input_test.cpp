@@ -142,7 +142,7 @@ TEST_F(InputTest, AFileWithoutAnEndIsTooLarge) {
 }
 
 TEST_F(InputTest, SaysThatThereIsNotEnoughMemory) {
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     GTEST_SKIP() << "the sanitizer takes more than any limit";
 #endif
     if (!Emulator().empty()) {
