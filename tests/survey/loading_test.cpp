@@ -1,4 +1,5 @@
 // Loading, and what is told when there is no document.
+#include <json11.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,12 +48,14 @@ TEST_F(LoadingTest, ReadsUpToTheFirstNul) {
     AssertFails(bytes("\0{}"sv), "unexpected end of input (the text ends at a NUL, the byte 0)");
 }
 
-// json11 shows the first byte of the mark as a char, which may have a sign.
+// json11 shows the first byte of the mark as a char, which has a sign or none
+// where json11 was built.
 TEST_F(LoadingTest, NamesAByteOrderMark) {
-    const char first = '\xef';
-    AssertFails("\xef\xbb\xbf{}",
-                "expected value, got (" + std::to_string(first) +
-                    ") (the text begins with a byte-order mark)");
+    const std::string text = "\xef\xbb\xbf{}";
+    std::string why;
+    json11::Json::parse(text, why);
+    EXPECT_TRUE(why == "expected value, got (-17)" || why == "expected value, got (239)") << why;
+    AssertFails(text, why + " (the text begins with a byte-order mark)");
 }
 
 TEST_F(LoadingTest, ADocumentThatIsNullIsNamedSo) {
