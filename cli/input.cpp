@@ -14,6 +14,8 @@ namespace {
 // A document of this size takes gigabytes as a tree: rather a wrong file.
 const size_t MAX_SIZE = size_t{256} << 20;
 
+const char* const TOO_LARGE = "it is larger than 256 MiB";
+
 [[noreturn]] void fail(const std::string& name, const std::string& why) {
     throw FileError("cannot read " + (name.empty() ? "''" : name) + ": " + why);
 }
@@ -28,7 +30,7 @@ std::string readAll(FILE* file, const std::string& name) {
             fail(name, strerror(errno));
         }
         if (text.size() > MAX_SIZE) {
-            fail(name, "it is larger than 256 MiB");
+            fail(name, TOO_LARGE);
         }
         if (size == 0) {
             return text;
@@ -44,7 +46,8 @@ Input readInput(const std::string& path) {
     }
     const std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(path.c_str(), "rb"), fclose);
     if (!file) {
-        fail(path, strerror(errno));
+        // What does not even open where a long has 32 bits.
+        fail(path, errno == EOVERFLOW ? TOO_LARGE : strerror(errno));
     }
     return {path, readAll(file.get(), path)};
 }
