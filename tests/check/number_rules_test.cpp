@@ -352,7 +352,9 @@ TEST_F(NumberRulesTest, OtherTextsMayHaveAColon) {
                              "image:nv12",   "in:3",       "port:80",    "float3:1",
                              "flat:2",       "long:13.4",  "16:9",       ":5",
                              "::",           "bool:maybe", "Int32:abc",  "int8:",
-                             "Int32:5:6",    "uint8",      "string",     "Float"}) {
+                             "Int32:5:6",    "uint8",      "string",     "Float",
+                             "bloat:1",      "gloat:1",    "floats:1",   "doubled:1",
+                             "doubly:1"}) {
         AssertSilent(text);
     }
 }
@@ -377,6 +379,9 @@ TEST_F(NumberRulesTest, ANumberEndsAtTheLimitsOfAnInt32) {
     AssertNumberLost("1700000000000000001",
                      "2147483647: '1700000000000000001' does not fit an int32",
                      R"(write "int64:1700000000000000001")");
+    AssertNumberLost("9223372036854775808",
+                     "2147483647: '9223372036854775808' does not fit an int32",
+                     R"(write "float:9223372036854775808")");
     AssertNumberLost("3000000000.5",
                      "2147483647: '3000000000.5' does not fit an int32",
                      R"(write "float:3000000000.5")");
