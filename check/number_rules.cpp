@@ -268,7 +268,7 @@ const Rule TYPED_VALUE = {
 }})",
         {},
     },
-    {},
+    {"option-type"},
     typedValue,
 };
 
@@ -442,7 +442,7 @@ const Rule TYPE_WORD = {
 }})",
         {},
     },
-    {},
+    {"option-type"},
     typeWord,
 };
 
@@ -498,7 +498,7 @@ const Rule NUMBER_LOST = {
 }})",
         {},
     },
-    {},
+    {"option-type"},
     numberLost,
 };
 

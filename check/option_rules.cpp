@@ -1,15 +1,19 @@
-// Options that do not reach their store, or not whole, or not for good.
+// Options that do not reach their store, or not whole, or not for good; or that
+// are not found there.
 #include <cmath>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
+#include "check/node_access.h"
 #include "check/number_rules.h"
 #include "check/rule.h"
 #include "check/stored_option.h"
 #include "check/words.h"
+#include "survey/keys.h"
 
 namespace qvgraph {
 
@@ -278,11 +282,113 @@ const Rule OPTION_OVERRIDDEN = {
     optionOverridden,
 };
 
+// ---- option-type ------------------------------------------------------------
+
+// The types of a store, in its order.
+struct TypeWords {
+    const char* a;
+    const char* word;  // behind which a number of the type is written
+};
+const TypeWords TYPES[] = {
+    {"a text", ""}, {"an int32", "int32"}, {"an int64", "int64"}, {"a float", "float"}};
+
+// The text of an option without quotes and type word.
+std::string valueIn(const Source& source, const Value& option) {
+    if (option.isNumber()) {
+        return source.text().substr(option.span.begin, option.span.end - option.span.begin);
+    }
+    const auto typed = typedIn(option);
+    return typed ? typed->value : std::string(untilNul(option.text));
+}
+
+// Whether a number of a type is written so, and read to its end.
+bool isWritten(const std::string& word, const std::string& value) {
+    TypedText typed;
+    typed.word = word;
+    typed.value = value;
+    const Reading reading = readingOf(typed);
+    return !value.empty() && reading.fits && reading.length == value.size();
+}
+
+std::string hintForType(const std::string& word, const std::string& value) {
+    if (word.empty()) {
+        return "write \"" + value + '"';
+    }
+    return isWritten(word, value) ? "write \"" + word + ':' + value + '"'
+                                  : "write \"" + word + ":\" and a number";
+}
+
+// Whether the parser itself looks the key up, as which it has rules of its own.
+// Where a family is too short, that is "".
+bool isStreamOption(const std::string& key) {
+    return key.empty() || hasPrefix(key, "stream_");
+}
+
+void reportTypes(const Source& source, const NodeSubject& node, Reporter* report) {
+    for (const QVLookupScope::Miss& miss : node.node->misses) {
+        const Value* option = placeOf(node, miss.key);
+        const auto stored = option == nullptr ? std::nullopt : storedOf(*option);
+        if (stored && !isStreamOption(miss.key)) {
+            const TypeWords& type = TYPES[miss.type];
+            report
+                ->atValue(*option,
+                          nameOf(*option) + " is stored as " + TYPES[stored->index()].a + ", but " +
+                              classOf(node) + " looks for " + type.a + ": it finds nothing")
+                .hint = hintForType(type.word, valueIn(source, *option));
+        }
+    }
+}
+
+void optionType(const Subject& subject, Reporter* report) {
+    forEachNode(subject, [&](const NodeSubject& node) {
+        if (node.canonical) {
+            reportTypes(subject.source(), node, report);
+        }
+    });
+}
+
+const Rule OPTION_TYPE = {
+    "option-type",
+    Severity::Warning,
+    "options",
+    "a node's class looks for an option of another type",
+    "An option has the type that it is written with: a JSON number is an int32, a text without a "
+    "type word is a text. A lookup finds an option of its own type only, and converts nothing. "
+    "What a class looks for is seen on the desk while its node is set up.",
+    "The class finds nothing under the key, as if the option were not there.",
+    "Write the option as the type that the class looks for.",
+    {
+        R"({"pipe_0": {
+  "node_0": {
+    "node_opts": {"node_name": "Microphone", "gain": 2},
+    "stream_opts": {"stream_output": "sound", "stream_fmt_out": "audio"}
+  },
+  "node_1": {
+    "node_opts": {"node_name": "Speaker"},
+    "stream_opts": {"stream_input": "sound", "stream_fmt_in": "audio"}
+  }
+}})",
+        R"({"pipe_0": {
+  "node_0": {
+    "node_opts": {"node_name": "Microphone", "gain": "float:2"},
+    "stream_opts": {"stream_output": "sound", "stream_fmt_out": "audio"}
+  },
+  "node_1": {
+    "node_opts": {"node_name": "Speaker"},
+    "stream_opts": {"stream_input": "sound", "stream_fmt_in": "audio"}
+  }
+}})",
+        {{"Microphone", 0, 1, true, true}},
+    },
+    {},
+    optionType,
+};
+
 }  // namespace
 
 std::vector<Rule> optionRules() {
     std::vector<Rule> rules = {
-        OPTION_TOO_LONG, OPTION_NOT_STORED, NUL_IN_OPTION, OPTION_OVERRIDDEN};
+        OPTION_TOO_LONG, OPTION_NOT_STORED, NUL_IN_OPTION, OPTION_OVERRIDDEN, OPTION_TYPE};
     const std::vector<Rule> numbers = numberRules();
     rules.insert(rules.end(), numbers.begin(), numbers.end());
     return rules;

@@ -41,6 +41,7 @@ struct ExampleClass {
     int inputs;
     int outputs;
     bool makesNode = true;
+    bool looksForGain = false;  // its nodes look for a float under "gain"
 };
 
 // The smallest configuration that provokes a rule, and the same put right. They

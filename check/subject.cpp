@@ -50,19 +50,6 @@ const Value* placeIn(const Value& object, const std::string& key) {
     return place;
 }
 
-// The member that gives a key its value in the store: the last that is stored,
-// otherwise the last of all. Null for none.
-const Value* placeOf(const NodeSubject& node, const std::string& key) {
-    const Value* place = nullptr;
-    for (const Value* object : node.objects) {
-        const Value* member = object == nullptr ? nullptr : placeIn(*object, storeKey(key));
-        if (member != nullptr && (place == nullptr || !storedOf(*place) || storedOf(*member))) {
-            place = member;
-        }
-    }
-    return place;
-}
-
 std::vector<const Value*> membersOf(const Value* object, const char* prefix) {
     std::vector<const Value*> members;
     if (object != nullptr && object->isObject()) {
@@ -262,6 +249,17 @@ std::vector<OptionObject> optionObjectsOf(const PipeSubject& pipe) {
 }
 
 }  // namespace
+
+const Value* placeOf(const NodeSubject& node, const std::string& key) {
+    const Value* place = nullptr;
+    for (const Value* object : node.objects) {
+        const Value* member = object == nullptr ? nullptr : placeIn(*object, storeKey(key));
+        if (member != nullptr && (place == nullptr || !storedOf(*place) || storedOf(*member))) {
+            place = member;
+        }
+    }
+    return place;
+}
 
 Subject::Subject(const Source& source, const Survey& survey, const std::string& jsonError)
     : mSource(source), mSurvey(survey), mJsonError(jsonError) {

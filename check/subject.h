@@ -79,6 +79,10 @@ struct NodeSubject {
     const Value* streamOptions() const { return objects[1]; }
 };
 
+// The member that gives a key its value in the node's store: the last that is
+// stored, otherwise the last of all. Null for none.
+const Value* placeOf(const NodeSubject& node, const std::string& key);
+
 struct WireEnd {
     size_t node = 0;  // its position in the pipe
     const DeclaredEnd* end = nullptr;

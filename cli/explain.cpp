@@ -42,6 +42,30 @@ QVTaskNodeBase* createNothing(const _QVNodeInfo* /*info*/) {
     return nullptr;
 }
 
+// Looks for the one option of its kind.
+class GainNode : public QVHostTaskNode {
+public:
+    int initialize(int nodeId,
+                   _QVTaskNodeInfo* info,
+                   const std::vector<QVInputStreamManager*>& inputs,
+                   const std::vector<QVOutputStreamManager*>& outputs) override {
+        float gain = 0;
+        mOptions->findFloat("gain", &gain);
+        return QVHostTaskNode::initialize(nodeId, info, inputs, outputs);
+    }
+};
+
+QVTaskNodeBase* createGain(const _QVNodeInfo* /*info*/) {
+    return new GainNode;
+}
+
+decltype(QVNodeClass::create) creatorOf(const ExampleClass& example) {
+    if (!example.makesNode) {
+        return createNothing;
+    }
+    return example.looksForGain ? createGain : createNode;
+}
+
 // The node classes that an example asks for, as long as it is checked.
 class ExampleClasses {
 public:
@@ -49,10 +73,7 @@ public:
         QVNodeRegistry& registry = QVNodeRegistry::instance();
         registry.setStub(example.stub);
         for (const ExampleClass& each : example.classes) {
-            registry.registerClass({each.name,
-                                    each.makesNode ? createNode : createNothing,
-                                    each.inputs,
-                                    each.outputs});
+            registry.registerClass({each.name, creatorOf(each), each.inputs, each.outputs});
         }
     }
     ~ExampleClasses() {

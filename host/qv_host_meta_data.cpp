@@ -4,6 +4,8 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "host/qv_lookup_scope.h"
+
 // The first entry whose key is not below `key`. Options come in the order of
 // their keys, one object after the other: most belong at the end, or shortly
 // before.
@@ -38,13 +40,6 @@ const QVHostMetaData::Entries::Entry* QVHostMetaData::Entries::find(std::string_
         }
     }
     return nullptr;
-}
-
-// The value under `key`; null when there is none of that type.
-template <typename Type>
-const Type* QVHostMetaData::Entries::find(std::string_view key) const {
-    const Entry* entry = find(key);
-    return entry != nullptr ? std::get_if<Type>(&entry->value) : nullptr;
 }
 
 // A copy of the string, NUL-terminated.
@@ -94,19 +89,20 @@ QVHostMetaData::Value QVHostMetaData::Entries::at(std::string_view key) const {
     return valueOf(*entry);
 }
 
-namespace {
-
-// Copies a value that was found. Returns whether there was one.
 template <typename Type>
-int copyFound(const Type* found, Type* value) {
+int QVHostMetaData::find(const char* key, Type* value) {
+    const Entries::Entry* entry = mEntries.find(key);
+    if (entry == nullptr) {
+        return 0;
+    }
+    const Type* found = std::get_if<Type>(&entry->value);
+    QVLookupScope::note(this, key, found != nullptr, decltype(entry->value)(Type()).index());
     if (found == nullptr) {
         return 0;
     }
     *value = *found;
     return 1;
 }
-
-}  // namespace
 
 int QVHostMetaData::setCString(const char* key, const char* value) {
     return mEntries.set(key, std::string_view(value));
@@ -129,17 +125,17 @@ int QVHostMetaData::remove(const char* key) {
 }
 
 int QVHostMetaData::findCString(const char* key, const char** value) {
-    return copyFound(mEntries.find<const char*>(key), value);
+    return find(key, value);
 }
 
 int QVHostMetaData::findInt32(const char* key, int32_t* value) {
-    return copyFound(mEntries.find<int32_t>(key), value);
+    return find(key, value);
 }
 
 int QVHostMetaData::findInt64(const char* key, int64_t* value) {
-    return copyFound(mEntries.find<int64_t>(key), value);
+    return find(key, value);
 }
 
 int QVHostMetaData::findFloat(const char* key, float* value) {
-    return copyFound(mEntries.find<float>(key), value);
+    return find(key, value);
 }

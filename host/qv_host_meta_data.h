@@ -17,7 +17,8 @@
 
 // Keeps one typed value under each key, in the byte order of the keys. A
 // setter replaces what stood under its key, whatever the type. The finders find
-// a value of their own type and convert nothing.
+// a value of their own type and convert nothing (QVLookupScope tells of those
+// that find another).
 //
 //   QVHostMetaData options;
 //   parser.syncLinkOptions(&options, 0, 1);
@@ -92,8 +93,6 @@ public:
         int set(std::string_view key, Type value);
         int remove(std::string_view key);
         const Entry* find(std::string_view key) const;
-        template <typename Type>
-        const Type* find(std::string_view key) const;
 
         Sorted::const_iterator placeOf(std::string_view key) const;
         bool isAt(Sorted::const_iterator place, std::string_view key) const;
@@ -122,6 +121,9 @@ public:
     const Entries& entries() const { return mEntries; }
 
 private:
+    template <typename Type>
+    int find(const char* key, Type* value);
+
     Entries mEntries;
 };
 

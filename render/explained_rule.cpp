@@ -18,7 +18,8 @@ std::string textOf(const ExampleClass& nodeClass) {
                            : counted(static_cast<size_t>(number), side);
     };
     return std::string("a class ") + nodeClass.name + " of " + streams(nodeClass.inputs, "input") +
-           " and " + streams(nodeClass.outputs, "output");
+           " and " + streams(nodeClass.outputs, "output") +
+           (nodeClass.looksForGain ? " that looks for a float under 'gain'" : "");
 }
 
 }  // namespace

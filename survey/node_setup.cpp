@@ -86,13 +86,11 @@ void readOptions(const json11::Json& object, QvMetaData* store, Options* options
     }
 }
 
-Options readOptions(const json11::Json& member, const _QVNodeInfo& info) {
+Options readOptions(const json11::Json& member, QvMetaData* store) {
     Options options;
-    if (info.node != nullptr) {
-        for (const char* object :
-             {"node_opts", "stream_opts", "node_opts_extra", "stream_opts_extra"}) {
-            readOptions(member[object], info.node->mOptions, &options);
-        }
+    for (const char* object :
+         {"node_opts", "stream_opts", "node_opts_extra", "stream_opts_extra"}) {
+        readOptions(member[object], store, &options);
     }
     return options;
 }
@@ -220,6 +218,36 @@ void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* nod
     }
 }
 
+// Has the parser set the node up, and tells how that ended.
+void initialise(
+    const QVGraphParser& parser, int pipe, QVHostTaskGraph* graph, _QVNodeInfo* info, Node* node) {
+    const QVLookupScope lookups;
+    graph->beginNode(node->id);
+    try {
+        node->result = parser.initTaskNode(graph, pipe, node->id, info);
+        readWiring(*info, node);
+        tellResult(*info, *graph, node);
+    } catch (const AssertionFailed& failed) {
+        readWiring(*info, node);
+        node->outcome = Outcome::WouldAbort;
+        node->message = explainAbort(*info, failed, node);
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
+        readWiring(*info, node);
+        node->outcome = Outcome::WouldThrow;
+        node->message = explainThrow(error, node);
+    } catch (...) {
+        readWiring(*info, node);
+        node->outcome = Outcome::WouldThrow;
+        node->message = "something that is no std::exception";
+        node->failedByClass = true;
+    }
+    if (info->node != nullptr) {
+        node->misses = lookups.missesOf(info->node->mOptions);
+    }
+}
+
 }  // namespace
 
 const NodeInSetUp* nodeInSetUp() {
@@ -238,29 +266,11 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
 
     const SetUpScope scope({node.className.c_str(), pipe, id});
     QVNodeOwner owner;
-    graph->beginNode(id);
-    try {
-        node.result = parser.initTaskNode(graph, pipe, id, owner.info());
-        readWiring(*owner.info(), &node);
-        tellResult(*owner.info(), *graph, &node);
-    } catch (const AssertionFailed& failed) {
-        readWiring(*owner.info(), &node);
-        node.outcome = Outcome::WouldAbort;
-        node.message = explainAbort(*owner.info(), failed, &node);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception& error) {
-        readWiring(*owner.info(), &node);
-        node.outcome = Outcome::WouldThrow;
-        node.message = explainThrow(error, &node);
-    } catch (...) {
-        readWiring(*owner.info(), &node);
-        node.outcome = Outcome::WouldThrow;
-        node.message = "something that is no std::exception";
-        node.failedByClass = true;
-    }
-    node.options = readOptions(member, *owner.info());
+    initialise(parser, pipe, graph, owner.info(), &node);
     node.created = owner.info()->node != nullptr;
+    if (node.created) {
+        node.options = readOptions(member, owner.info()->node->mOptions);
+    }
     node.registered = node.created && QVNodeRegistry::instance().isRegistered(node.className);
     return node;
 }

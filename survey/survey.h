@@ -20,6 +20,7 @@
 #include "graph/qv_graph_parser.h"
 #include "host/qv_host_log.h"
 #include "host/qv_host_meta_data.h"
+#include "host/qv_lookup_scope.h"
 
 namespace qvgraph {
 
@@ -75,6 +76,7 @@ struct Node {
     Options options;             // what its store holds under the keys of its objects
     Options stored;              // what the member's four objects leave in any store;
                                  // where SurveyRequest asks for it
+    std::vector<QVLookupScope::Miss> misses;  // of the desk's stores only
     std::vector<StreamEnd> inputs;
     std::vector<StreamEnd> outputs;
 };

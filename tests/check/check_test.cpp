@@ -34,6 +34,23 @@ QVTaskNodeBase* createNothing(const _QVNodeInfo* /*info*/) {
     return nullptr;
 }
 
+// Looks for the one option of its kind.
+class GainNode : public QVHostTaskNode {
+public:
+    int initialize(int nodeId,
+                   _QVTaskNodeInfo* info,
+                   const std::vector<QVInputStreamManager*>& inputs,
+                   const std::vector<QVOutputStreamManager*>& outputs) override {
+        float gain = 0;
+        mOptions->findFloat("gain", &gain);
+        return QVHostTaskNode::initialize(nodeId, info, inputs, outputs);
+    }
+};
+
+QVTaskNodeBase* createGain(const _QVNodeInfo* /*info*/) {
+    return new GainNode;
+}
+
 }  // namespace
 
 void CheckTest::TearDown() {
@@ -44,12 +61,12 @@ void CheckTest::TearDown() {
 }
 
 void CheckTest::Register(const qvgraph::ExampleClass& nodeClass) {
-    ASSERT_EQ(
-        QVNodeRegistry::instance().registerClass({nodeClass.name,
-                                                  nodeClass.makesNode ? createStub : createNothing,
-                                                  nodeClass.inputs,
-                                                  nodeClass.outputs}),
-        0);
+    const auto creator = !nodeClass.makesNode     ? createNothing
+                         : nodeClass.looksForGain ? createGain
+                                                  : createStub;
+    ASSERT_EQ(QVNodeRegistry::instance().registerClass(
+                  {nodeClass.name, creator, nodeClass.inputs, nodeClass.outputs}),
+              0);
 }
 
 std::string CheckTest::FindingsIn(const std::string& text) {

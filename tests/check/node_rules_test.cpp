@@ -1,5 +1,6 @@
 // What keeps a node from being made: its name, its class, and how many streams
 // the class has.
+#include <map>
 #include <stdexcept>
 
 #include "tests/check/node_test.h"
@@ -19,6 +20,28 @@ public:
         mOptions->setCString("stream_output", "a");
         mOptions->setCString("stream_fmt_out", "f");
     }
+};
+
+// A node whose store answers for its outputs by itself.
+class AnsweringNode : public QVHostTaskNode {
+public:
+    AnsweringNode() { mOptions = &mAnswers; }
+
+private:
+    class Answers : public QVHostMetaData {
+    public:
+        int findCString(const char* key, const char** value) override {
+            static const std::map<std::string, const char*> ANSWERS = {{"stream_output_0", "a"},
+                                                                       {"stream_fmt_out_0", "f"},
+                                                                       {"stream_output_1", "b"},
+                                                                       {"stream_fmt_out_1", "g"}};
+            const auto answer = ANSWERS.find(key);
+            *value = answer == ANSWERS.end() ? nullptr : answer->second;
+            return answer == ANSWERS.end() ? 0 : 1;
+        }
+    };
+
+    Answers mAnswers;
 };
 
 // ---- node-name ---------------------------------------------------------------
@@ -701,6 +724,24 @@ TEST_F(NodeRulesTest, AClassMayNameItsStreamsItself) {
     AssertGiver(R"({"node_opts": {"node_name": "Clock"},
  "stream_opts": {"fps": 25}})",
                 "");
+}
+
+TEST_F(NodeRulesTest, AStoreMayAnswerForEachStream) {
+    RegisterCreator("Split", create<AnsweringNode>, 0, 2);
+    AssertPipe(R"("node_0": {"node_opts": {"node_name": "Split"},
+ "stream_opts": {"stream_output_0": 1, "stream_fmt_out_0": 1,
+                 "stream_output_1": 2, "stream_fmt_out_1": 2}},
+"node_1": {"node_opts": {"node_name": "Join"},
+           "stream_opts": {"stream_input_0": "a", "stream_fmt_in_0": "x",
+                           "stream_input_1": "b", "stream_fmt_in_1": "y"}})",
+               "6:70-6:73 warning format-mismatch /pipe_0/node_1/stream_opts/stream_fmt_in_0: "
+               "the stream 'a' is taken as 'x', but 'node_0' gives it as 'f'\n"
+               "  3:60-3:61 its format is given here\n"
+               "  hint: give both ends of the stream one format\n"
+               "7:70-7:73 warning format-mismatch /pipe_0/node_1/stream_opts/stream_fmt_in_1: "
+               "the stream 'b' is taken as 'y', but 'node_0' gives it as 'g'\n"
+               "  4:60-4:61 its format is given here\n"
+               "  hint: give both ends of the stream one format\n");
 }
 
 }  // namespace

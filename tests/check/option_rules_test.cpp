@@ -1,11 +1,12 @@
-// Options that do not reach their store, or not whole, or not for good.
+// Options that do not reach their store, or not whole, or not for good; or that
+// are not found there.
 #include <string>
 
-#include "tests/check/check_test.h"
+#include "tests/check/node_test.h"
 
 namespace {
 
-class OptionRulesTest : public CheckTest {
+class OptionRulesTest : public NodeTest {
 protected:
     // Expects two nodes, the first with these further option objects, to have
     // these findings. The objects stand in lines of their own from the fourth
@@ -249,6 +250,118 @@ TEST_F(OptionRulesTest, LongTextsThatDifferLateAreDifferent) {
   5:25-5:28 it is overridden here
   hint: remove the one that is not meant
 )");
+}
+
+// ---- option-type -------------------------------------------------------------
+
+// A node that looks an option up as one type when it is initialised.
+template <typename Value, int (QvMetaData::*find)(const char*, Value*)>
+class LookingNode : public QVHostTaskNode {
+public:
+    int initialize(int nodeId,
+                   _QVTaskNodeInfo* info,
+                   const std::vector<QVInputStreamManager*>& inputs,
+                   const std::vector<QVOutputStreamManager*>& outputs) override {
+        Value value = {};
+        (mOptions->*find)("gain", &value);
+        return QVHostTaskNode::initialize(nodeId, info, inputs, outputs);
+    }
+};
+
+using TextNode = LookingNode<const char*, &QvMetaData::findCString>;
+using Int32Node = LookingNode<int32_t, &QvMetaData::findInt32>;
+using Int64Node = LookingNode<int64_t, &QvMetaData::findInt64>;
+using FloatNode = LookingNode<float, &QvMetaData::findFloat>;
+
+class OptionTypeTest : public OptionRulesTest {
+protected:
+    // Expects one option of a node that looks for one of another type to have
+    // such a finding. It begins at 4:48.
+    template <typename Node>
+    static void AssertMissed(const std::string& option,
+                             const std::string& end,
+                             const std::string& message,
+                             const std::string& hint) {
+        RegisterCreator("Camera", create<Node>, 0, 1);
+        AssertNode(R"(    "node_opts": {"node_name": "Camera", "gain": )" + option + '}',
+                   "4:50-4:" + end +
+                       " warning option-type /pipe_0/node_0/node_opts/gain: 'gain' is stored as " +
+                       message + ": it finds nothing\n  hint: " + hint + '\n');
+        QVNodeRegistry::instance().unregisterClass("Camera");
+    }
+
+    template <typename Node>
+    static void AssertNotTold(const std::string& option, const std::string& findings) {
+        RegisterCreator("Camera", create<Node>, 0, 1);
+        AssertNode(R"(    "node_opts": {"node_name": "Camera", )" + option + '}', findings);
+        QVNodeRegistry::instance().unregisterClass("Camera");
+    }
+};
+
+TEST_F(OptionTypeTest, ANumberIsAnInt32) {
+    AssertMissed<FloatNode>(
+        "2", "51", "an int32, but the class 'Camera' looks for a float", "write \"float:2\"");
+    AssertMissed<Int64Node>(
+        "-2", "52", "an int32, but the class 'Camera' looks for an int64", "write \"int64:-2\"");
+    AssertMissed<TextNode>(
+        "2", "51", "an int32, but the class 'Camera' looks for a text", "write \"2\"");
+}
+
+TEST_F(OptionTypeTest, QuotesMakeAText) {
+    AssertMissed<Int32Node>(
+        "\"25\"", "54", "a text, but the class 'Camera' looks for an int32", "write \"int32:25\"");
+    AssertMissed<FloatNode>(
+        "\"0.5\"", "55", "a text, but the class 'Camera' looks for a float", "write \"float:0.5\"");
+}
+
+TEST_F(OptionTypeTest, ATypeWordSaysTheType) {
+    AssertMissed<Int32Node>("\"int64:25\"",
+                            "60",
+                            "an int64, but the class 'Camera' looks for an int32",
+                            "write \"int32:25\"");
+    AssertMissed<TextNode>(
+        "\"float:0.5\"", "61", "a float, but the class 'Camera' looks for a text", "write \"0.5\"");
+}
+
+TEST_F(OptionTypeTest, WhatTheTypeCannotHoldIsNotProposed) {
+    AssertMissed<Int32Node>("\"fast\"",
+                            "56",
+                            "a text, but the class 'Camera' looks for an int32",
+                            "write \"int32:\" and a number");
+    AssertMissed<Int32Node>("\"\"",
+                            "52",
+                            "a text, but the class 'Camera' looks for an int32",
+                            "write \"int32:\" and a number");
+    AssertMissed<Int32Node>("\"int64:3000000000\"",
+                            "68",
+                            "an int64, but the class 'Camera' looks for an int32",
+                            "write \"int32:\" and a number");
+    AssertMissed<Int32Node>("\"float:0.5\"",
+                            "61",
+                            "a float, but the class 'Camera' looks for an int32",
+                            "write \"int32:\" and a number");
+}
+
+TEST_F(OptionTypeTest, TheOptionThatIsStoredIsTold) {
+    RegisterCreator("Camera", create<FloatNode>, 0, 1);
+    AssertNode(R"(    "node_opts": {"node_name": "Camera", "gain": 2},
+    "node_opts_extra": {"gain": 2})",
+               "5:33-5:34 warning option-type /pipe_0/node_0/node_opts_extra/gain: "
+               "'gain' is stored as an int32, but the class 'Camera' looks for a float: "
+               "it finds nothing\n"
+               "  hint: write \"float:2\"\n");
+}
+
+TEST_F(OptionTypeTest, WhatIsFoundOrIsNotThereIsRight) {
+    AssertNotTold<FloatNode>(R"("gain": "float:2")", "");
+    AssertNotTold<FloatNode>(R"("rate": 25)", "");
+}
+
+TEST_F(OptionTypeTest, ANumberThatIsLostIsToldOnce) {
+    AssertNotTold<FloatNode>(R"("gain": 0.5)",
+                             "4:50-4:53 warning number-lost /pipe_0/node_0/node_opts/gain: "
+                             "'gain' is stored as 0: the fraction of '0.5' is dropped\n"
+                             "  hint: write \"float:0.5\"\n");
 }
 
 }  // namespace

@@ -1,0 +1,105 @@
+// Lookups of options as other types than they have.
+#include "host/qv_lookup_scope.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "host/qv_host_meta_data.h"
+#include "tests/host/in_threads.h"
+
+namespace {
+
+class LookupScopeTest : public testing::Test {
+protected:
+    LookupScopeTest() {
+        store.setInt32("gain", 1);
+        store.setInt32("rate", 25);
+    }
+
+    // "key: type", one a line.
+    static std::string MissesOf(const QVLookupScope& lookups, const QvMetaData& store) {
+        static const char* const TYPES[] = {"string", "int32", "int64", "float"};
+        std::string misses;
+        for (const QVLookupScope::Miss& miss : lookups.missesOf(&store)) {
+            misses += miss.key + ": " + TYPES[miss.type] + '\n';
+        }
+        return misses;
+    }
+
+    QVHostMetaData store;
+    const char* text = nullptr;
+    int32_t int32 = 0;
+    int64_t int64 = 0;
+    float real = 0;
+};
+
+TEST_F(LookupScopeTest, ALookupAsAnotherTypeIsAMiss) {
+    const QVLookupScope lookups;
+    store.setCString("url", "25");
+    store.setFloat("zoom", 1.5F);
+    store.findCString("rate", &text);
+    store.findFloat("gain", &real);
+    store.findInt32("url", &int32);
+    store.findInt64("zoom", &int64);
+    EXPECT_EQ(MissesOf(lookups, store), "gain: float\nrate: string\nurl: int32\nzoom: int64\n");
+}
+
+TEST_F(LookupScopeTest, TheLastTypeCounts) {
+    const QVLookupScope lookups;
+    store.findFloat("gain", &real);
+    store.findInt64("gain", &int64);
+    EXPECT_EQ(MissesOf(lookups, store), "gain: int64\n");
+}
+
+TEST_F(LookupScopeTest, WhatIsFoundOrIsNotThereIsNoMiss) {
+    const QVLookupScope lookups;
+    store.findInt32("gain", &int32);
+    store.findFloat("zoom", &real);
+    EXPECT_EQ(MissesOf(lookups, store), "");
+}
+
+TEST_F(LookupScopeTest, WhatIsFoundInTheEndIsNoMiss) {
+    const QVLookupScope lookups;
+    store.findFloat("gain", &real);
+    store.findFloat("rate", &real);
+    store.findInt32("gain", &int32);
+    EXPECT_EQ(MissesOf(lookups, store), "rate: float\n");
+}
+
+TEST_F(LookupScopeTest, StoresAreToldApart) {
+    QVHostMetaData other;
+    other.setInt32("gain", 1);
+    const QVLookupScope lookups;
+    store.findFloat("gain", &real);
+    other.findInt32("gain", &int32);
+    EXPECT_EQ(MissesOf(lookups, store), "gain: float\n");
+    EXPECT_EQ(MissesOf(lookups, other), "");
+}
+
+TEST_F(LookupScopeTest, TheInnerScopeWatches) {
+    const QVLookupScope outer;
+    {
+        const QVLookupScope inner;
+        store.findFloat("gain", &real);
+        EXPECT_EQ(MissesOf(inner, store), "gain: float\n");
+    }
+    store.findFloat("rate", &real);
+    EXPECT_EQ(MissesOf(outer, store), "rate: float\n");
+}
+
+TEST_F(LookupScopeTest, WatchesAllThreads) {
+    const QVLookupScope lookups;
+    inThreads(4, [this](int /*number*/) {
+        for (int i = 0; i < 1000; ++i) {
+            int32_t found = 0;
+            float missed = 0;
+            store.findFloat("gain", &missed);
+            store.findInt32("rate", &found);
+            EXPECT_EQ(found, 25);
+        }
+    });
+    EXPECT_EQ(MissesOf(lookups, store), "gain: float\n");
+}
+
+}  // namespace
