@@ -70,7 +70,9 @@ protected:
 
     // Runs "qvgraph" with these arguments.
     ProcessResult Run(const std::vector<std::string>& arguments) {
-        request.command = Emulator();
+        const std::vector<std::string> emulator = Emulator();
+        request.command = launcher;
+        request.command.insert(request.command.end(), emulator.begin(), emulator.end());
         request.command.emplace_back(QVGRAPH_COMMAND);
         request.command.insert(request.command.end(), arguments.begin(), arguments.end());
         return runProcess(request);
@@ -121,6 +123,9 @@ protected:
 
     TemporaryFolder folder;
     ProcessRequest request;
+
+    // A program that is to run the command, with its arguments; none by default.
+    std::vector<std::string> launcher;
 };
 
 #endif  // QVGRAPH_TESTS_CLI_COMMAND_TEST_H_
