@@ -262,12 +262,25 @@ std::string hintForMemberEnd(const Found& found) {
     return found.beginsValue() ? "write a comma and a key before this value" : "";
 }
 
+// Whether members go on behind the bracket that closes the root: one too many was
+// written before.
+bool goesOnWithMembers(const Found& found) {
+    const char* const BLANKS = " \t\r\n";
+    const size_t last = found.before.find_last_not_of(BLANKS);
+    const size_t next = found.text.find_first_not_of(BLANKS, found.first() == ',' ? 1 : 0);
+    return last != std::string_view::npos && found.before[last] == '}' &&
+           next != std::string_view::npos && found.text[next] == '"';
+}
+
 std::string hintForTrailing(const Found& found) {
     if (found.isOneOf("]}")) {
         return "remove this bracket: nothing is open";
     }
     if (found.first() == ':' && found.isRightBehind('"')) {
         return "write { and } around the members";
+    }
+    if (goesOnWithMembers(found)) {
+        return "remove one } before this: it closes the document";
     }
     return "remove what follows the document";
 }

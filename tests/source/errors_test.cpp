@@ -180,6 +180,10 @@ TEST(ErrorTest, BehindTheDocument) {
         {"{}‸;", "remove what follows the document"},
         {"{} ‸: 1", "remove what follows the document"},
         {"{} ‸end", "remove what follows the document"},
+        {R"({"a": {}}‸, {})", "remove what follows the document"},
+        {R"([]‸, "b": 1)", "remove what follows the document"},
+        {R"({"a": {}}‸, "b": {}})", "remove one } before this: it closes the document"},
+        {R"({"a": {}} ‸"b": {}})", "remove one } before this: it closes the document"},
         {"null‸\0"s, "remove this NUL byte"},
     });
 }
