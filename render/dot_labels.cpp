@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "check/graph.h"
 #include "check/words.h"
 #include "render/dot_text.h"
 #include "render/draw_words.h"
@@ -56,6 +57,24 @@ std::string headingRow(const Colour& colour, const std::string& head, const std:
            dotFont(FAINT_INK, SMALL, dotHtml(text));
 }
 
+bool hasCycle(const DrawnPipe& pipe) {
+    Edges edges(pipe.nodes.size());
+    for (const DrawnStream& stream : pipe.streams) {
+        for (const DrawnEnd& producer : stream.producers) {
+            for (const DrawnEnd& consumer : stream.consumers) {
+                edges[producer.node].push_back(consumer.node);
+            }
+        }
+    }
+    return !cyclesIn(edges).empty();
+}
+
+// An empty row. What leads back is drawn in an arc above the nodes, which would
+// cross the text that ends there.
+std::string roomForArcs() {
+    return dotFont(INK, 2 * HEADING, "&#160;");
+}
+
 }  // namespace
 
 const Colour& lineColourOf(const Findings& findings, const Colour& otherwise) {
@@ -75,6 +94,9 @@ std::string titleLabel(const Drawing& drawing) {
 std::string pipeLabel(const Drawing& drawing, const DrawnPipe& pipe) {
     Lines rows = {headingRow(lineColourOf(pipe.findings, INK), *pipe.pipe->key, factsOf(pipe))};
     appendLegend(legendOf(drawing, pipe), &rows);
+    if (hasCycle(pipe)) {
+        rows.push_back(roomForArcs());
+    }
     return dotRows(rows);
 }
 

@@ -167,6 +167,19 @@ TEST_F(DrawDotTest, ALongLegendGoesOnInFurtherLines) {
                   word + "\", b/\"" + word + "\"");
 }
 
+TEST_F(DrawDotTest, WhereAStreamLeadsBackThereIsRoomBelowTheLegend) {
+    Load(R"({"pipe_0": {
+  "node_0": {"node_opts": {"node_name": "A"},
+             "stream_opts": {"stream_input": "b", "stream_fmt_in": "f",
+                             "stream_output": "a", "stream_fmt_out": "f"}},
+  "node_1": {"node_opts": {"node_name": "B"},
+             "stream_opts": {"stream_input": "a", "stream_fmt_in": "f",
+                             "stream_output": "b", "stream_fmt_out": "f"}}
+}})");
+    EXPECT_EQ(LabelOf("graph"), "pipe_0  0 executor threads, default link mode none|&#160;");
+    EXPECT_NE(Dot().find("POINT-SIZE=\"32\">&#160;</FONT>"), std::string::npos);
+}
+
 // ---- Texts ------------------------------------------------------------------
 
 TEST_F(DrawDotTest, NamesAreTextAndNothingElse) {
