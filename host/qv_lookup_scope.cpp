@@ -12,7 +12,10 @@ std::mutex watchingLock;
 
 }  // namespace
 
-QVLookupScope::QVLookupScope() : mOuter(watching.exchange(this)) {}
+QVLookupScope::QVLookupScope() {
+    const std::lock_guard<std::mutex> lock(watchingLock);
+    mOuter = watching.exchange(this);
+}
 
 QVLookupScope::~QVLookupScope() {
     const std::lock_guard<std::mutex> lock(watchingLock);

@@ -76,7 +76,9 @@ struct Node {
     Options options;             // what its store holds under the keys of its objects
     Options stored;              // what the member's four objects leave in any store;
                                  // where SurveyRequest asks for it
-    std::vector<QVLookupScope::Miss> misses;  // of the desk's stores only
+    // What it looked up as another type than is stored, where its store is the
+    // desk's.
+    std::vector<QVLookupScope::Miss> misses;
     std::vector<StreamEnd> inputs;
     std::vector<StreamEnd> outputs;
 };
