@@ -19,7 +19,7 @@ int qv_err(
     va_start(arguments, line);
     vfprintf(stderr, format, arguments);
     va_end(arguments);
-    fputc('\n', stderr);
+    fputs(strchr(format, '\n') == nullptr ? "\n" : "", stderr);  // those of the checks have one
     return 0;
 }
 
