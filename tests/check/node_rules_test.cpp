@@ -726,6 +726,17 @@ TEST_F(NodeRulesTest, AClassMayNameItsStreamsItself) {
                 "");
 }
 
+TEST_F(NodeRulesTest, WhatAClassNamesItselfIsComparedToo) {
+    RegisterCreator("Clock", create<KnowingNode>, 0, 1);
+    AssertPipe(R"("node_0": {"node_opts": {"node_name": "Clock"}, "stream_opts": {"fps": 25}},
+"node_1": {"node_opts": {"node_name": "Display"},
+           "stream_opts": {"stream_input": "a", "stream_fmt_in": "x"}})",
+               "4:66-4:69 warning format-mismatch /pipe_0/node_1/stream_opts/stream_fmt_in: "
+               "the stream 'a' is taken as 'x', but 'node_0' gives it as 'f'\n"
+               "  2:11-2:76 its format is given here\n"
+               "  hint: give both ends of the stream one format\n");
+}
+
 TEST_F(NodeRulesTest, AStoreMayAnswerForEachStream) {
     RegisterCreator("Split", create<AnsweringNode>, 0, 2);
     AssertPipe(R"("node_0": {"node_opts": {"node_name": "Split"},

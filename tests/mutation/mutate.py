@@ -28,7 +28,7 @@ TESTS = {
               "differential_tests"],
     "host": ["host_tests", "host_allocation_tests", "harmless_tests", "exhaustion_tests"],
     "source": ["source_tests"],
-    "check": ["check_tests", "cli_tests"],
+    "check": ["check_tests", "schema_tests", "cli_tests"],
 }
 FILTERS = {"cli_tests": "ExplainTest.*"}  # compare the texts of all rules
 SCENARIOS = "300"  # of random configurations
