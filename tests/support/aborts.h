@@ -2,7 +2,7 @@
 #ifndef QVGRAPH_TESTS_SUPPORT_ABORTS_H_
 #define QVGRAPH_TESTS_SUPPORT_ABORTS_H_
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <string>
 
