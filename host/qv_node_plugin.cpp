@@ -1,8 +1,10 @@
 #include "host/qv_node_plugin.h"
 
+#include <cxxabi.h>
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <memory>
@@ -73,6 +75,21 @@ private:
     std::string mError;
 };
 
+// What the dynamic linker complains of. A function or a variable that is missing
+// goes by the name that the source has for it.
+std::string linkerError() {
+    const std::string error = dlerror();
+    const std::string before = "undefined symbol: ";
+    const size_t place = error.find(before);
+    if (place == std::string::npos) {
+        return error;
+    }
+    const std::string symbol = error.substr(place + before.size());
+    const std::unique_ptr<char, void (*)(void*)> name(
+        abi::__cxa_demangle(symbol.c_str(), nullptr, nullptr, nullptr), free);
+    return name != nullptr ? error.substr(0, place + before.size()) + name.get() : error;
+}
+
 // Has the library register its classes. Returns what went wrong, or nothing.
 std::string runRegistration(RegisterNodes registerNodes, PluginRegistry* classes) {
     int result = 0;
@@ -103,7 +120,7 @@ std::optional<std::string> qv_load_node_plugin(const std::string& path, QVNodeRe
     }
     Library library(dlopen(absolute.c_str(), RTLD_NOW | RTLD_LOCAL), dlclose);
     if (!library) {
-        return "cannot load " + path + ": " + dlerror();
+        return "cannot load " + path + ": " + linkerError();
     }
     void* const symbol = dlsym(library.get(), "qvgraph_register_nodes");
     if (symbol == nullptr) {

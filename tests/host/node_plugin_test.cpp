@@ -79,6 +79,11 @@ TEST_F(NodePluginTest, FileThatIsNoLibrary) {
     AssertFails(__FILE__, std::string(__FILE__) + ": invalid ELF header");
 }
 
+TEST_F(NodePluginTest, LibraryThatLacksAFunction) {
+    AssertFails(Path("undefined"), Path("undefined") + ": undefined symbol: camera::open(int)");
+    AssertFails(Path("undefined_c"), Path("undefined_c") + ": undefined symbol: camera_open");
+}
+
 TEST_F(NodePluginTest, LibraryThatHasNoSuchFunction) {
     AssertFails(Path("no_function"), "it exports no qvgraph_register_nodes");
 }
