@@ -12,9 +12,8 @@ std::mutex watchingLock;
 
 }  // namespace
 
-QVLookupScope::QVLookupScope() {
-    const std::lock_guard<std::mutex> lock(watchingLock);
-    mOuter = watching.exchange(this);
+QVLookupScope::QVLookupScope() : mOuter(watching) {
+    watching = this;
 }
 
 QVLookupScope::~QVLookupScope() {

@@ -45,7 +45,7 @@ private:
     // Tells the scope that watches, if one does, of a key that has a value.
     static void note(const QvMetaData* store, const char* key, bool isFound, size_t type);
 
-    QVLookupScope* mOuter = nullptr;  // which watches again when this one has ended
+    QVLookupScope* mOuter;  // which watches again when this one has ended
     std::map<std::pair<const QvMetaData*, std::string>, size_t> mMisses;
 };
 

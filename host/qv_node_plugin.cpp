@@ -78,16 +78,18 @@ private:
 // What the dynamic linker complains of. A function or a variable that is missing
 // goes by the name that the source has for it.
 std::string linkerError() {
-    const std::string error = dlerror();
+    std::string error = dlerror();
     const std::string before = "undefined symbol: ";
     const size_t place = error.find(before);
-    if (place == std::string::npos) {
-        return error;
+    if (place != std::string::npos) {
+        const size_t begin = place + before.size();
+        const std::unique_ptr<char, void (*)(void*)> name(
+            abi::__cxa_demangle(error.c_str() + begin, nullptr, nullptr, nullptr), free);
+        if (name != nullptr) {
+            error.replace(begin, std::string::npos, name.get());
+        }
     }
-    const std::string symbol = error.substr(place + before.size());
-    const std::unique_ptr<char, void (*)(void*)> name(
-        abi::__cxa_demangle(symbol.c_str(), nullptr, nullptr, nullptr), free);
-    return name != nullptr ? error.substr(0, place + before.size()) + name.get() : error;
+    return error;
 }
 
 // Has the library register its classes. Returns what went wrong, or nothing.
