@@ -6,10 +6,9 @@
 #include <vector>
 
 #include "check/check.h"
+#include "cli/example_classes.h"
 #include "cli/output.h"
 #include "cli/rule_codes.h"
-#include "host/qv_host_task_node.h"
-#include "host/qv_node_registry.h"
 #include "render/explained_rule.h"
 #include "render/rules_markdown.h"
 #include "render/rules_text.h"
@@ -32,62 +31,6 @@ struct Arguments {
     std::string code;
     std::string format = "text";
     std::string output;
-};
-
-QVTaskNodeBase* createNode(const _QVNodeInfo* /*info*/) {
-    return new QVStubTaskNode;
-}
-
-QVTaskNodeBase* createNothing(const _QVNodeInfo* /*info*/) {
-    return nullptr;
-}
-
-// Looks for the one option of its kind.
-class GainNode : public QVHostTaskNode {
-public:
-    int initialize(int nodeId,
-                   _QVTaskNodeInfo* info,
-                   const std::vector<QVInputStreamManager*>& inputs,
-                   const std::vector<QVOutputStreamManager*>& outputs) override {
-        float gain = 0;
-        mOptions->findFloat("gain", &gain);
-        return QVHostTaskNode::initialize(nodeId, info, inputs, outputs);
-    }
-};
-
-QVTaskNodeBase* createGain(const _QVNodeInfo* /*info*/) {
-    return new GainNode;
-}
-
-decltype(QVNodeClass::create) creatorOf(const ExampleClass& example) {
-    if (!example.makesNode) {
-        return createNothing;
-    }
-    return example.looksForGain ? createGain : createNode;
-}
-
-// The node classes that an example asks for, as long as it is checked.
-class ExampleClasses {
-public:
-    explicit ExampleClasses(const RuleExample& example) : mExample(example) {
-        QVNodeRegistry& registry = QVNodeRegistry::instance();
-        registry.setStub(example.stub);
-        for (const ExampleClass& each : example.classes) {
-            registry.registerClass({each.name, creatorOf(each), each.inputs, each.outputs});
-        }
-    }
-    ~ExampleClasses() {
-        for (const ExampleClass& each : mExample.classes) {
-            QVNodeRegistry::instance().unregisterClass(each.name);
-        }
-    }
-
-    // Stands for its scope.
-    ExampleClasses(const ExampleClasses&) = delete;
-    ExampleClasses& operator=(const ExampleClasses&) = delete;
-
-private:
-    const RuleExample& mExample;
 };
 
 ExplainedRule explained(const Rule& rule) {

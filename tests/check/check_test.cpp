@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/qv_host_task_node.h"
+#include "cli/example_classes.h"
 
 namespace {
 
@@ -26,31 +26,6 @@ std::string textOf(const Source& source, const Finding& finding) {
     return finding.hint.empty() ? text : text + "  hint: " + finding.hint + '\n';
 }
 
-QVTaskNodeBase* createStub(const _QVNodeInfo* /*info*/) {
-    return new QVStubTaskNode;
-}
-
-QVTaskNodeBase* createNothing(const _QVNodeInfo* /*info*/) {
-    return nullptr;
-}
-
-// Looks for the one option of its kind.
-class GainNode : public QVHostTaskNode {
-public:
-    int initialize(int nodeId,
-                   _QVTaskNodeInfo* info,
-                   const std::vector<QVInputStreamManager*>& inputs,
-                   const std::vector<QVOutputStreamManager*>& outputs) override {
-        float gain = 0;
-        mOptions->findFloat("gain", &gain);
-        return QVHostTaskNode::initialize(nodeId, info, inputs, outputs);
-    }
-};
-
-QVTaskNodeBase* createGain(const _QVNodeInfo* /*info*/) {
-    return new GainNode;
-}
-
 }  // namespace
 
 void CheckTest::TearDown() {
@@ -61,12 +36,7 @@ void CheckTest::TearDown() {
 }
 
 void CheckTest::Register(const qvgraph::ExampleClass& nodeClass) {
-    const auto creator = !nodeClass.makesNode     ? createNothing
-                         : nodeClass.looksForGain ? createGain
-                                                  : createStub;
-    ASSERT_EQ(QVNodeRegistry::instance().registerClass(
-                  {nodeClass.name, creator, nodeClass.inputs, nodeClass.outputs}),
-              0);
+    ASSERT_EQ(qvgraph::registerExampleClass(nodeClass), 0);
 }
 
 std::string CheckTest::FindingsIn(const std::string& text) {
