@@ -6,6 +6,7 @@
 #include <utf8cpp/utf8.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
@@ -43,6 +44,25 @@ public:
     }
 };
 
+// Looks for an option of each type.
+class LookingNode : public QVHostTaskNode {
+public:
+    int initialize(int nodeId,
+                   _QVTaskNodeInfo* info,
+                   const std::vector<QVInputStreamManager*>& inputs,
+                   const std::vector<QVOutputStreamManager*>& outputs) override {
+        const char* text = nullptr;
+        int32_t int32 = 0;
+        int64_t int64 = 0;
+        float real = 0;
+        mOptions->findCString("name", &text);
+        mOptions->findInt32("rate", &int32);
+        mOptions->findInt64("size", &int64);
+        mOptions->findFloat("gain", &real);
+        return QVHostTaskNode::initialize(nodeId, info, inputs, outputs);
+    }
+};
+
 template <class Node>
 QVTaskNodeBase* create(const _QVNodeInfo* /*info*/) {
     return new Node;
@@ -54,7 +74,7 @@ QVTaskNodeBase* createNone(const _QVNodeInfo* /*info*/) {
 
 bool registerClasses() {
     QVNodeRegistry& registry = QVNodeRegistry::instance();
-    registry.registerClass({"Camera", create<QVHostTaskNode>, 0, 1});
+    registry.registerClass({"Camera", create<LookingNode>, 0, 1});
     registry.registerClass({"Blender", create<QVHostTaskNode>, 3, 2});
     registry.registerClass({"Thrower", create<ThrowingNode>});
     registry.registerClass({"Nothing", createNone});

@@ -22,11 +22,15 @@
 // one watches.
 class QVLookupScope {
 public:
+    // A key that was missed.
     struct Miss {
+        // As the store has it.
         std::string key;
-        size_t type = 0;  // that was asked for, by its place in QVHostMetaData::Value
+        // The type that was asked for, by its place in QVHostMetaData::Value.
+        size_t type = 0;
     };
 
+    // Begins and ends to watch.
     QVLookupScope();
     ~QVLookupScope();
 
