@@ -26,14 +26,12 @@ void QVLookupScope::note(const QvMetaData* store, const char* key, bool isFound,
         return;
     }
     const std::lock_guard<std::mutex> lock(watchingLock);
-    QVLookupScope* const scope = watching;
-    if (scope == nullptr) {
-        return;
-    }
-    if (isFound) {
-        scope->mMisses.erase({store, key});
-    } else {
-        scope->mMisses[{store, key}] = type;
+    if (QVLookupScope* const scope = watching) {  // it may have ended meanwhile
+        if (isFound) {
+            scope->mMisses.erase({store, key});
+        } else {
+            scope->mMisses[{store, key}] = type;
+        }
     }
 }
 
