@@ -57,13 +57,17 @@ std::string headingRow(const Colour& colour, const std::string& head, const std:
            dotFont(FAINT_INK, SMALL, dotHtml(text));
 }
 
+// Whether something leads back. The streams stand behind the nodes: many nodes may
+// give and take one.
 bool hasCycle(const DrawnPipe& pipe) {
-    Edges edges(pipe.nodes.size());
-    for (const DrawnStream& stream : pipe.streams) {
-        for (const DrawnEnd& producer : stream.producers) {
-            for (const DrawnEnd& consumer : stream.consumers) {
-                edges[producer.node].push_back(consumer.node);
-            }
+    const size_t nodes = pipe.nodes.size();
+    Edges edges(nodes + pipe.streams.size());
+    for (size_t i = 0; i < pipe.streams.size(); ++i) {
+        for (const DrawnEnd& producer : pipe.streams[i].producers) {
+            edges[producer.node].push_back(nodes + i);
+        }
+        for (const DrawnEnd& consumer : pipe.streams[i].consumers) {
+            edges[nodes + i].push_back(consumer.node);
         }
     }
     return !cyclesIn(edges).empty();
