@@ -1,4 +1,4 @@
-"""Runs the counting programs, and reads what callgrind wrote."""
+"""Runs programs under callgrind and reads the counts that it writes."""
 
 import collections
 import os
@@ -7,18 +7,18 @@ import subprocess
 import tempfile
 from concurrent.futures import ThreadPoolExecutor
 
-# A case of a program (count_NAME) for so many nodes, in pipes of ten or of
-# another size.
+# One case of the program count_PROGRAM, for a number of nodes in pipes of
+# `pipe_size` nodes each.
 Run = collections.namedtuple("Run", "program case nodes pipe_size", defaults=[10])
 
-# Instructions, and calls of malloc and its kin.
+# Instructions, and calls of malloc and the other allocation functions.
 Count = collections.namedtuple("Count", "instructions allocations")
 
 ALLOCATORS = {"malloc", "calloc", "realloc", "posix_memalign", "aligned_alloc"}
 
 
 def read(path):
-    """The totals of a file of callgrind's."""
+    """The totals of a file that callgrind wrote."""
     names = {}
     callee = None
     instructions = allocations = 0
@@ -36,10 +36,10 @@ def read(path):
     return Count(instructions, allocations)
 
 
-def count(folder, run, keep=None):
-    """Counts one run; `keep` is where callgrind's own file is to stay."""
+def count(folder, run):
+    """Counts one run of a case, without the set-up of the case."""
     with tempfile.TemporaryDirectory() as temporary:
-        out = keep or os.path.join(temporary, "out")
+        out = os.path.join(temporary, "out")
         subprocess.run(
             ["valgrind", "--tool=callgrind", "--instr-atstart=no", f"--callgrind-out-file={out}",
              os.path.join(folder, "count_" + run.program), run.case, str(run.nodes),
@@ -49,11 +49,12 @@ def count(folder, run, keep=None):
 
 
 def count_command(*command):
-    """Counts all of a program, from its start to its end."""
+    """Counts a program from its start to its end. Raises CalledProcessError
+    unless the program exits with 0."""
     with tempfile.TemporaryDirectory() as temporary:
         out = os.path.join(temporary, "out")
         subprocess.run(["valgrind", "--tool=callgrind", f"--callgrind-out-file={out}", *command],
-                       check=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         return read(out)
 
 

@@ -1,5 +1,5 @@
-// What is measured, by name. The same cases are counted (counting.cpp) and
-// timed (timing.cpp).
+// The cases to measure, by name. counting.cpp counts them and timing.cpp times
+// them.
 #ifndef QVGRAPH_BENCH_CASES_H_
 #define QVGRAPH_BENCH_CASES_H_
 
@@ -14,16 +14,16 @@ struct Size {
 
 using Work = std::function<void()>;
 
-// Makes a case's work for a size. What it does itself is not measured. The
-// work ends the process when it fails: nothing would be measured then.
+// Creates the work of a case for a size; only the work is measured. Work that
+// fails ends the process, because its cost would mean nothing.
 using MakeWork = std::function<Work(const Size&)>;
 
 using Cases = std::map<std::string, MakeWork>;
 
-// What a program defines by the sources that it is linked with.
+// Each program defines its own, in one of the sources that it is linked with.
 Cases cases();
 
-// The libraries that do the like, as far as they are installed.
+// Comparable libraries, if they are installed.
 Cases peerCases();
 
 #endif  // QVGRAPH_BENCH_CASES_H_

@@ -1,9 +1,9 @@
-// Counts instructions, one case in each process:
+// Counts the instructions of one case:
 //
 //   valgrind --tool=callgrind --instr-atstart=no PROGRAM CASE NODES [PIPE_SIZE]
 //
-// The work is done twice, and the second turn is counted: by then the dynamic
-// linker has bound its functions and the heap has its memory.
+// Runs the work twice and counts the second run: by then the dynamic linker has
+// bound its functions and the heap has its memory.
 #include <valgrind/callgrind.h>
 
 #include <cstdio>

@@ -4,8 +4,8 @@
 
 namespace {
 
-// What a pipe begins with, and one of its nodes: '@p', '@n' and '@m' stand for
-// the pipe, the node and the one behind it.
+// The start of a pipe, and one of its nodes. '@p', '@n' and '@m' are replaced
+// with the numbers of the pipe, the node and the next node.
 struct Pattern {
     const char* begin;
     const char* pipeSeparator;

@@ -1,4 +1,4 @@
-// The configurations that are measured.
+// The configurations that the measurements use.
 #ifndef QVGRAPH_BENCH_DOCUMENT_H_
 #define QVGRAPH_BENCH_DOCUMENT_H_
 
@@ -6,11 +6,10 @@
 
 enum class Language { JSON, YAML, PROTOBUF_TEXT };
 
-// A typical configuration of `nodes` nodes, in pipes of `pipeSize`. A pipe is a
-// chain with a "thread_opts", a default link mode, an executor and a link; a
-// node has a name, six options, an input and an output. In JSON it is about 478
-// bytes of text for each node, all told; in the other languages it says the
-// same.
+// A typical configuration of `nodes` nodes, in pipes of `pipeSize`. Each pipe is a
+// chain, with a "thread_opts", a default link mode, an executor and a link; each
+// node has a name, six options, an input and an output. In JSON, the text has
+// about 478 bytes per node; the other languages express the same.
 std::string typicalDocument(int nodes, int pipeSize, Language language = Language::JSON);
 
 #endif  // QVGRAPH_BENCH_DOCUMENT_H_

@@ -1,4 +1,5 @@
-// From text to a live graph, as a framework does it, on any framework.
+// From a text to a live graph, with the calls that a framework makes. Works with
+// any framework.
 #ifndef QVGRAPH_BENCH_LIVE_GRAPH_H_
 #define QVGRAPH_BENCH_LIVE_GRAPH_H_
 
@@ -7,13 +8,13 @@
 #include "bench/require.h"
 #include "graph/qv_graph_parser.h"
 
-// A configuration with all of its nodes set up, and the options of all its
-// executors and links, until its end. `Owner` frees what its record received.
+// A configuration with all nodes set up and the options of all executors and
+// links stored. `Owner` frees what its record received.
 template <typename Graph, typename Store, typename Owner>
 class LiveGraph {
 public:
-    // Asks every query of every pipe. Ends the process when the text does not
-    // load, or a node cannot be set up: nothing would be measured.
+    // Runs every query on every pipe. Ends the process if the text does not load
+    // or if a node cannot be set up.
     explicit LiveGraph(const char* text) {
         require(mParser.parseConfigText(text) == 0);
         for (int pipe = 0; pipe < mParser.getPipeNum(); ++pipe) {

@@ -3,7 +3,7 @@
 
 #include <cstdlib>
 
-// Ends the process where `condition` does not hold, in every build.
+// Ends the process unless `condition` holds, in every build.
 inline void require(bool condition) {
     if (!condition) {
         abort();

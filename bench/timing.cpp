@@ -1,4 +1,4 @@
-// Times every case, with Google Benchmark.
+// Times every case with Google Benchmark.
 #include <benchmark/benchmark.h>
 
 #include "bench/cases.h"

@@ -1,4 +1,4 @@
-// Writes a document that is measured: PROGRAM NODES PIPE_SIZE.
+// Writes a document for measurements to standard output: PROGRAM NODES PIPE_SIZE.
 #include <cstdio>
 #include <cstdlib>
 

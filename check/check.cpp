@@ -6,15 +6,15 @@
 #include <tuple>
 #include <utility>
 
-#include "check/ignores.h"
-#include "check/subject.h"
+#include "check/rules.h"
+#include "check/suppressions.h"
 
 namespace qvgraph {
 
 namespace {
 
-// The pointers at and above a pointer, itself first, the root's last.
-std::vector<std::string> upwards(std::string pointer) {
+// A pointer and all pointers above it, the root's last.
+std::vector<std::string> selfAndAbove(std::string pointer) {
     std::vector<std::string> pointers = {pointer};
     while (!pointer.empty()) {
         pointer.resize(pointer.rfind('/'));
@@ -23,81 +23,79 @@ std::vector<std::string> upwards(std::string pointer) {
     return pointers;
 }
 
-// Which findings only follow from others: a code is silent at a place, below it
-// and above it, or at a related place.
-class Silences {
+// The findings that merely follow from others: those of a rule at a pointer,
+// below it and above it, or at a related location.
+class Consequences {
 public:
-    explicit Silences(const std::vector<Finding>& causes) {
+    explicit Consequences(const std::vector<Finding>& causes) {
         for (const Finding& cause : causes) {
-            const Rule& rule = *findRule(cause.code);
-            for (const char* code : rule.silences) {
-                mAt[code].insert(cause.pointer);
-                for (const std::string& above : upwards(cause.pointer)) {
-                    mAbove[code].insert(above);
-                }
-            }
-            for (const char* code : rule.silencesRelated) {
-                for (const Related& related : cause.related) {
-                    mRelated.emplace(code, related.span.begin);
-                }
-            }
+            add(cause, *findRule(cause.code));
         }
     }
 
-    bool cover(const Finding& finding) const {
-        return coverPointer(finding) || mRelated.count({finding.code, finding.span.begin}) != 0;
+    bool contain(const Finding& finding) const {
+        const Rule* rule = findRule(finding.code);
+        return containPointer(rule, finding.pointer) ||
+               mRelated.count({rule, finding.span.begin}) != 0;
     }
 
 private:
-    using Places = std::map<std::string_view, std::set<std::string>>;
+    using Pointers = std::map<const Rule*, std::set<std::string>>;
 
-    bool coverPointer(const Finding& finding) const {
-        const auto at = mAt.find(finding.code);
+    void add(const Finding& cause, const Rule& rule) {
+        for (const Rule* consequence : rule.consequences) {
+            mAt[consequence].insert(cause.pointer);
+            for (const std::string& above : selfAndAbove(cause.pointer)) {
+                mAbove[consequence].insert(above);
+            }
+        }
+        for (const Rule* consequence : rule.relatedConsequences) {
+            for (const Related& related : cause.related) {
+                mRelated.emplace(consequence, related.span.begin);
+            }
+        }
+    }
+
+    bool containPointer(const Rule* rule, const std::string& pointer) const {
+        const auto at = mAt.find(rule);
         if (at == mAt.end()) {
             return false;
         }
-        if (mAbove.find(finding.code)->second.count(finding.pointer) != 0) {
-            return true;
-        }
-        const std::vector<std::string> pointers = upwards(finding.pointer);
-        return std::any_of(pointers.begin(), pointers.end(), [&](const std::string& pointer) {
-            return at->second.count(pointer) != 0;
-        });
+        return mAbove.find(rule)->second.count(pointer) != 0 ||
+               std::ranges::any_of(selfAndAbove(pointer), [&](const std::string& above) {
+                   return at->second.count(above) != 0;
+               });
     }
 
-    Places mAt;
-    Places mAbove;
-    std::set<std::pair<std::string_view, size_t>> mRelated;
+    Pointers mAt;
+    Pointers mAbove;
+    std::set<std::pair<const Rule*, size_t>> mRelated;
 };
 
-template <typename Condition>
-void removeWhere(std::vector<Finding>* findings, Condition condition) {
-    findings->erase(std::remove_if(findings->begin(), findings->end(), condition), findings->end());
-}
-
-// In the order of the text; at one place, in that of the registry.
-void sortByPlace(std::vector<Finding>* findings) {
+// In the order of the text; findings at the same location, in that of the
+// registry.
+void sortByLocation(std::vector<Finding>* findings) {
     std::stable_sort(findings->begin(), findings->end(), [](const Finding& a, const Finding& b) {
         return std::tie(a.span.begin, a.span.end) < std::tie(b.span.begin, b.span.end);
     });
 }
 
-std::vector<Finding> findAll(const Subject& subject) {
+std::vector<Finding> findAll(const Model& model) {
     std::vector<Finding> findings;
-    for (const Rule& rule : rules()) {
-        if (rule.run != nullptr) {
-            Reporter report(rule, &findings);
-            rule.run(subject, &report);
+    for (const Rule* rule : rules()) {
+        if (rule->find != nullptr) {
+            Reporter report(*rule, &findings);
+            rule->find(model, &report);
         }
     }
-    const Silences silences(findings);
-    removeWhere(&findings, [&](const Finding& finding) { return silences.cover(finding); });
+    const Consequences consequences(findings);
+    std::erase_if(findings, [&](const Finding& finding) { return consequences.contain(finding); });
     return findings;
 }
 
-// What the parser sees of a text: up to a NUL. A byte-order mark is left out so
-// that the mistakes behind it are found as well.
-Span seenOf(const std::string& text) {
+// The part of a text that the parser sees: up to its first NUL. A byte-order
+// mark is skipped, so that the mistakes after it are found, too.
+Span parsedSpan(const std::string& text) {
     const bool hasMark = text.compare(0, 3, "\xef\xbb\xbf") == 0;
     const size_t nul = text.find('\0');
     return {hasMark ? size_t{3} : 0, nul == std::string::npos ? text.size() : nul};
@@ -106,26 +104,27 @@ Span seenOf(const std::string& text) {
 }  // namespace
 
 CheckedFile checkConfiguration(const std::string& name,
-                               const std::string& text,
+                               std::string text,
                                const CheckRequest& request) {
     SurveyRequest surveyRequest;
-    surveyRequest.everyMember = true;
+    surveyRequest.forModel = true;
     surveyRequest.progress = request.progress;
-    const Span seen = seenOf(text);
-    SurveyedText surveyed =
-        surveyText(text.substr(seen.begin, seen.end - seen.begin), surveyRequest);
+    const Span parsed = parsedSpan(text);
+    // The parser stops at a NUL by itself.
+    SurveyedText surveyed = surveyText(text.c_str() + parsed.begin, surveyRequest);
 
     CheckedFile file;
     file.name = name;
-    file.source = std::make_shared<const Source>(text, seen.begin, seen.end);
-    file.loads = surveyed.loads && seen.begin == 0;
-    file.survey = std::move(surveyed.survey);
-    const Subject subject(*file.source, file.survey, surveyed.jsonError);
-    file.findings = findAll(subject);
-    applyIgnores(*file.source, request.selects, &file.findings);
-    removeWhere(&file.findings,
-                [&](const Finding& finding) { return !request.selects(finding.code); });
-    sortByPlace(&file.findings);
+    file.source = std::make_shared<const Source>(std::move(text), parsed.begin, parsed.end);
+    file.model = Model({.source = file.source,
+                        .survey = std::move(surveyed.survey),
+                        .loads = surveyed.loads && parsed.begin == 0,
+                        .jsonError = std::move(surveyed.jsonError)});
+    file.findings = findAll(file.model);
+    applySuppressions(*file.source, request.selects, &file.findings);
+    std::erase_if(file.findings,
+                  [&](const Finding& finding) { return !request.selects(finding.code); });
+    sortByLocation(&file.findings);
     return file;
 }
 

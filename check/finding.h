@@ -1,4 +1,4 @@
-// What a check finds: one mistake, with its place and what to do about it.
+// What a check finds: a mistake, its location and what to do about it.
 #ifndef QVGRAPH_CHECK_FINDING_H_
 #define QVGRAPH_CHECK_FINDING_H_
 
@@ -11,30 +11,30 @@
 namespace qvgraph {
 
 enum class Severity {
-    Error,    // a device would abort, fail, or leave something out that is meant
-    Warning,  // it would go on with something else than is written
+    Error,    // the device aborts, fails, or silently drops something
+    Warning,  // the device continues with a different value
     Note,     // worth knowing
 };
 
 // "error", "warning" or "note".
 const char* toText(Severity severity);
 
-// Another place that has to do with a finding.
+// Another location that is part of a finding.
 struct Related {
     std::string message;
     Span span;
 };
 
-// Texts may hold whatever bytes the configuration holds; whoever shows them
-// makes them fit.
+// The strings contain bytes of the configuration as they are; code that
+// displays them replaces invalid UTF-8.
 struct Finding {
-    std::string_view code;  // of its rule, "duplicate-key"
+    std::string_view code;  // of the rule: "duplicate-key"
     Severity severity = Severity::Error;
     std::string message;  // one sentence, without a full stop
-    std::string pointer;  // to the value concerned, or to where one is missing
+    std::string pointer;  // JSON pointer to the value, or to the object in which one is missing
     Span span;            // in the source
     std::vector<Related> related;
-    std::string hint;  // what to change; empty when there is nothing to add
+    std::string hint;  // what to change; may be empty
 };
 
 }  // namespace qvgraph

@@ -5,46 +5,38 @@
 #include <string_view>
 #include <vector>
 
-#include "check/words.h"
+#include "check/similar.h"
 #include "survey/keys.h"
+#include "survey/words.h"
 
 namespace qvgraph {
 
 namespace {
 
-// How many indexes are tried for one that is free.
-const int MOST_TRIED = 100;
-
-std::string inLowerCase(std::string text) {
-    for (char& letter : text) {
-        if (letter >= 'A' && letter <= 'Z') {
-            letter = static_cast<char>(letter - 'A' + 'a');
-        }
-    }
-    return text;
-}
+// The number of indexes that are tried to find a free one.
+const int MAX_TRIED = 100;
 
 bool isNumber(std::string_view text) {
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-// Families of objects are known by a number, those of texts by any suffix.
-bool hasNumbers(const KnownKey& family) {
+// Keys of families of objects end in a number, those of strings in any suffix.
+bool hasNumbers(const ReservedKey& family) {
     return family.kind == ValueKind::Object;
 }
 
-// Where the suffix begins in a key that may be one of a family; its end where
-// the known key has none.
-size_t suffixIn(const KnownKey& known, const std::string& folded) {
-    if (!known.family) {
+// Where the suffix begins in a key that may belong to a family; the end of the
+// key if the reserved key has no suffix.
+size_t suffixIn(const ReservedKey& reserved, const std::string& folded) {
+    if (!reserved.family) {
         return folded.size();
     }
     const size_t digits = folded.find_last_not_of("0123456789") + 1;
-    if (hasNumbers(known)) {
+    if (hasNumbers(reserved)) {
         return digits;
     }
-    if (hasPrefix(folded, known.name)) {
-        return std::string_view(known.name).size();
+    if (hasPrefix(folded, reserved.name)) {
+        return std::string_view(reserved.name).size();
     }
     return digits < folded.size() ? digits : folded.rfind('_') + 1;
 }
@@ -62,51 +54,60 @@ std::vector<std::string_view> wordsOf(std::string_view key) {
     return words;
 }
 
-// The known key that is nearest to `key`; without a limit, within that of
-// nearestTo. Of equals, a member of a family that has a suffix is nearest:
+// The reserved key that is nearest to `key`, within `limit` or the limit of
+// nearestTo. Among equally near keys, a member of a family with a suffix wins:
 // 'stream_fmt_in0' has an index.
 template <typename Condition>
-std::optional<MeantKey> nearestOf(const std::string& key,
-                                  std::optional<size_t> limit,
-                                  Condition isWanted) {
-    const std::string folded = inLowerCase(key);
-    std::optional<MeantKey> nearest;
-    size_t least = 0;
-    for (const KnownKey& known : knownKeys()) {
-        const size_t suffix = suffixIn(known, folded);
-        if (!isWanted(known, suffix < key.size())) {
+std::optional<IntendedKey> nearestOf(std::string_view key,
+                                     std::optional<size_t> limit,
+                                     Condition isCandidate) {
+    const std::string folded = lowerCase(key);
+    std::optional<IntendedKey> nearest;
+    size_t smallest = 0;
+    for (const ReservedKey& reserved : reservedKeys()) {
+        const size_t suffix = suffixIn(reserved, folded);
+        const bool hasSuffix = suffix < key.size();
+        if (!isCandidate(reserved, hasSuffix)) {
             continue;
         }
-        const size_t most = limit.value_or(std::clamp<size_t>(suffix / 3, 1, 3));
+        const size_t maximum = limit.value_or(std::clamp<size_t>(suffix / 3, 1, 3));
         const std::string_view stem = std::string_view(folded).substr(0, suffix);
-        const size_t distance = distanceBetween(stem, known.name, most);
-        const bool wins = distance < least || (distance == least && suffix < key.size());
-        if (distance <= most && (!nearest || wins)) {
-            nearest = MeantKey{&known, key.substr(suffix)};
-            least = distance;
+        const size_t distance = distanceBetween(stem, reserved.name, maximum);
+        const bool wins = distance < smallest || (distance == smallest && hasSuffix);
+        if (distance <= maximum && (!nearest || wins)) {
+            nearest = IntendedKey{&reserved, std::string(key.substr(suffix))};
+            smallest = distance;
         }
     }
     return nearest;
 }
 
-std::optional<MeantKey> withWordsOf(Level level, const std::string& key) {
-    const std::string folded = inLowerCase(key);
-    for (const KnownKey& known : knownKeys()) {
-        if (known.level == level && !known.family && wordsOf(known.name) == wordsOf(folded)) {
-            return MeantKey{&known, ""};
+std::optional<IntendedKey> nearestIn(Level level,
+                                     std::string_view key,
+                                     std::optional<size_t> limit) {
+    return nearestOf(
+        key, limit, [level](const ReservedKey& reserved, bool) { return reserved.level == level; });
+}
+
+std::optional<IntendedKey> nearestElsewhere(Level level, std::string_view key) {
+    return nearestOf(key, std::nullopt, [level](const ReservedKey& reserved, bool hasSuffix) {
+        return reserved.level != level && (!reserved.family || hasSuffix);
+    });
+}
+
+// The reserved key with the words of `key` in another order.
+std::optional<IntendedKey> keyWithWordsOf(Level level, std::string_view key) {
+    const std::string folded = lowerCase(key);
+    for (const ReservedKey& reserved : reservedKeys()) {
+        if (reserved.level == level && !reserved.family &&
+            wordsOf(reserved.name) == wordsOf(folded)) {
+            return IntendedKey{&reserved, ""};
         }
     }
     return std::nullopt;
 }
 
-std::optional<MeantKey> nearlyElsewhere(Level level, const std::string& key) {
-    const auto isWanted = [level](const KnownKey& known, bool hasSuffix) {
-        return known.level != level && (!known.family || hasSuffix);
-    };
-    return nearestOf(key, std::nullopt, isWanted);
-}
-
-// What stands in the sections that have known keys.
+// The sections that have reserved keys, and the level of their members.
 struct Section {
     std::string_view name;
     Level inside;
@@ -121,116 +122,121 @@ const std::array<Section, 5> SECTIONS = {{{"thread_opts", Level::ThreadOptions},
 bool hasMemberOf(const Value& value, Level level) {
     return value.isObject() &&
            std::any_of(value.children.begin(), value.children.end(), [level](const Value* member) {
-               return isKnownKey(level, member->key);
+               return isReservedKey(level, member->key);
            });
 }
 
-std::optional<Level> insideOf(const KnownKey& known) {
+std::optional<Level> levelInside(const ReservedKey& reserved) {
     for (const Section& section : SECTIONS) {
-        if (section.name == known.name) {
+        if (section.name == reserved.name) {
             return section.inside;
         }
     }
     return std::nullopt;
 }
 
-// The section of a level that has such members as a value has.
-std::optional<MeantKey> sectionLike(Level level, const Value& value) {
-    for (const KnownKey& known : knownKeys()) {
-        const std::optional<Level> inside = insideOf(known);
-        if (known.level == level && inside && hasMemberOf(value, *inside)) {
-            return MeantKey{&known, ""};
+// The section of a level whose reserved keys a value has.
+std::optional<IntendedKey> sectionLike(Level level, const Value& value) {
+    for (const ReservedKey& reserved : reservedKeys()) {
+        const std::optional<Level> inside = levelInside(reserved);
+        if (reserved.level == level && inside && hasMemberOf(value, *inside)) {
+            return IntendedKey{&reserved, ""};
         }
     }
     return std::nullopt;
 }
 
 // "'node_<n>'" or "\"thread_opts\"".
-std::string patternOf(const KnownKey& known) {
-    if (!known.family) {
-        return '"' + std::string(known.name) + '"';
+std::string patternOf(const ReservedKey& reserved) {
+    if (!reserved.family) {
+        return '"' + std::string(reserved.name) + '"';
     }
-    return "'" + std::string(known.name) + '<' + known.name[0] + ">'";
+    return "'" + std::string(reserved.name) + '<' + reserved.name[0] + ">'";
 }
 
 std::string hintToRemove(Level level) {
     switch (level) {
         case Level::Root:
-            return "remove it; the root holds nothing but pipes";
+            return "remove it; the root contains only pipes";
         case Level::Executor:
-            return "if it is an option, move it into \"executor_opts\"";
+            return "move it into \"executor_opts\" if it is an option";
         case Level::Node:
-            return "if it is an option, move it into \"node_opts\"";
+            return "move it into \"node_opts\" if it is an option";
         default:
             break;
     }
-    std::vector<std::string> known;
-    for (const KnownKey& key : knownKeys()) {
-        if (key.level == level) {
-            known.push_back(patternOf(key));
+    std::vector<std::string> patterns;
+    for (const ReservedKey& reserved : reservedKeys()) {
+        if (reserved.level == level) {
+            patterns.push_back(patternOf(reserved));
         }
     }
-    return "remove it; " + listOf(known) + (known.size() == 1 ? " alone is" : " are") +
-           " known here";
+    return std::string("remove it; the ") +
+           (patterns.size() == 1 ? "only reserved key of " : "reserved keys of ") + toText(level) +
+           (patterns.size() == 1 ? " is " : " are ") + listOf(patterns);
 }
 
 }  // namespace
 
-bool isKnownKey(Level level, const std::string& key) {
-    // The one level whose keys may be in any letter case.
-    const std::string read = level == Level::ThreadOptions ? inLowerCase(key) : key;
-    return std::any_of(knownKeys().begin(), knownKeys().end(), [&](const KnownKey& known) {
-        return known.level == level &&
-               (known.family ? hasPrefix(read, known.name) : read == known.name);
-    });
+bool isReservedKey(Level level, std::string_view key) {
+    // The only level whose keys may be in any letter case.
+    const std::string read = level == Level::ThreadOptions ? lowerCase(key) : std::string(key);
+    return std::any_of(
+        reservedKeys().begin(), reservedKeys().end(), [&](const ReservedKey& reserved) {
+            return reserved.level == level &&
+                   (reserved.family ? hasPrefix(read, reserved.name) : read == reserved.name);
+        });
 }
 
-std::optional<MeantKey> nearestKey(Level level, const std::string& key, size_t limit) {
-    const auto isWanted = [level](const KnownKey& known, bool) { return known.level == level; };
-    return nearestOf(key, limit, isWanted);
+std::optional<IntendedKey> nearestKey(Level level, std::string_view key, size_t limit) {
+    return nearestIn(level, key, limit);
 }
 
-std::optional<MeantKey> nearestKey(Level level, const std::string& key) {
-    const auto isWanted = [level](const KnownKey& known, bool) { return known.level == level; };
-    const auto nearest = nearestOf(key, std::nullopt, isWanted);
-    return nearest ? nearest : withWordsOf(level, key);
+std::optional<IntendedKey> nearestKey(Level level, std::string_view key) {
+    const auto nearest = nearestIn(level, key, std::nullopt);
+    return nearest ? nearest : keyWithWordsOf(level, key);
 }
 
-const KnownKey* keyElsewhere(Level level, const std::string& key) {
-    const auto isIt = [&](const KnownKey& known) {
-        const bool isFamily = known.family && hasPrefix(key, known.name);
-        const std::string suffix = isFamily ? key.substr(std::string_view(known.name).size()) : "";
-        return known.level != level &&
-               (isFamily ? isNumber(suffix) || !hasNumbers(known) : key == known.name);
+std::string nearlyIn(Level level, std::string_view key) {
+    const auto nearest = isReservedKey(level, key) ? std::nullopt : nearestKey(level, key);
+    return nearest ? nearest->reserved->name : "";
+}
+
+const ReservedKey* keyElsewhere(Level level, std::string_view key) {
+    const auto isKey = [&](const ReservedKey& reserved) {
+        if (reserved.level == level || !hasPrefix(key, reserved.name)) {
+            return false;
+        }
+        const std::string_view suffix = key.substr(std::string_view(reserved.name).size());
+        return reserved.family ? isNumber(suffix) || !hasNumbers(reserved) : suffix.empty();
     };
-    const auto found = std::find_if(knownKeys().begin(), knownKeys().end(), isIt);
-    return found == knownKeys().end() ? nullptr : &*found;
+    const auto found = std::find_if(reservedKeys().begin(), reservedKeys().end(), isKey);
+    return found == reservedKeys().end() ? nullptr : &*found;
 }
 
-std::string nameOf(const MeantKey& meant) {
-    if (meant.known->family && !meant.suffix.empty()) {
-        return quoted(meant.known->name + meant.suffix);
+std::string nameOf(const IntendedKey& intended) {
+    if (intended.reserved->family && !intended.suffix.empty()) {
+        return quoted(intended.reserved->name + intended.suffix);
     }
-    return patternOf(*meant.known);
+    return patternOf(*intended.reserved);
 }
 
-std::string hintToWrite(const MeantKey& meant, const Value& object) {
-    const std::string name = meant.known->name + meant.suffix;
-    const bool isTaken = object.member(name) != nullptr;
-    if (!meant.known->family) {
-        return isTaken ? "remove it; " + nameOf(meant) + " is there as well"
-                       : "write " + nameOf(meant);
+std::string hintToRename(const IntendedKey& intended, const Value& object) {
+    const ReservedKey& reserved = *intended.reserved;
+    const bool isTaken = object.member(reserved.name + intended.suffix) != nullptr;
+    if (!reserved.family && isTaken) {
+        return "remove it; " + nameOf(intended) + " is already present";
     }
-    if (!meant.suffix.empty() && !isTaken) {
-        return "write " + nameOf(meant);
+    if (!reserved.family || (!intended.suffix.empty() && !isTaken)) {
+        return "rename it to " + nameOf(intended);
     }
-    for (int index = 0; index < MOST_TRIED; ++index) {
-        const std::string key = indexedKey(meant.known->name, index);
+    for (int index = 0; index < MAX_TRIED; ++index) {
+        const std::string key = indexedKey(reserved.name, index);
         if (object.member(key) == nullptr) {
-            return "write '" + key + "'";
+            return "rename it to " + quoted(key);
         }
     }
-    return "write " + patternOf(*meant.known) + " with a number that is free";
+    return "rename it to " + patternOf(reserved) + " with a free number";
 }
 
 std::string hintToMove(Level level) {
@@ -239,19 +245,19 @@ std::string hintToMove(Level level) {
 }
 
 std::string hintForUnknown(Level level, const Value& member) {
-    if (const KnownKey* elsewhere = keyElsewhere(level, member.key)) {
+    if (const ReservedKey* elsewhere = keyElsewhere(level, member.key)) {
         return hintToMove(elsewhere->level);
     }
-    if (const auto near = nearestKey(level, member.key)) {
-        return hintToWrite(*near, *member.parent);
+    if (const auto nearest = nearestKey(level, member.key)) {
+        return hintToRename(*nearest, *member.parent);
     }
     if (const auto section = sectionLike(level, member)) {
-        const bool isThere = member.parent->member(section->known->name) != nullptr;
-        return isThere ? "move its members into " + nameOf(*section)
-                       : hintToWrite(*section, *member.parent);
+        const bool isPresent = member.parent->member(section->reserved->name) != nullptr;
+        return isPresent ? "move its members into " + nameOf(*section)
+                         : hintToRename(*section, *member.parent);
     }
-    if (const auto near = nearlyElsewhere(level, member.key)) {
-        return "write " + nameOf(*near) + ", and " + hintToMove(near->known->level);
+    if (const auto nearest = nearestElsewhere(level, member.key)) {
+        return "rename it to " + nameOf(*nearest) + " and " + hintToMove(nearest->reserved->level);
     }
     return hintToRemove(level);
 }

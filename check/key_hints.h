@@ -1,49 +1,56 @@
-// What a key without a meaning was meant to be; part of the check.
+// What a key without a meaning was intended to be, and hints that say so.
 #ifndef QVGRAPH_CHECK_KEY_HINTS_H_
 #define QVGRAPH_CHECK_KEY_HINTS_H_
 
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 
-#include "check/known_keys.h"
+#include "check/reserved_keys.h"
 #include "source/source.h"
 
 namespace qvgraph {
 
-// A known key; of a family, a member of it.
-struct MeantKey {
-    const KnownKey* known = nullptr;
-    std::string suffix;  // behind the prefix of a family; empty where it is not known
+// A reserved key, or a member of a reserved family.
+struct IntendedKey {
+    const ReservedKey* reserved = nullptr;
+    std::string suffix;  // after the prefix of a family; empty if it is not known
 };
 
-// Whether the parser gives `key` a meaning in an object of that level.
-bool isKnownKey(Level level, const std::string& key);
+// Whether `key` has a meaning to the parser in an object of this level.
+bool isReservedKey(Level level, std::string_view key);
 
-// The known key of a level that is nearest to `key`, letter case aside: at most
-// `limit` letters differ. Nothing when there is none.
-std::optional<MeantKey> nearestKey(Level level, const std::string& key, size_t limit);
+// The reserved key of a level that is nearest to `key`, ignoring letter case,
+// if at most `limit` letters differ.
+std::optional<IntendedKey> nearestKey(Level level, std::string_view key, size_t limit);
 
-// The same with the limit of nearestTo; words in another order count as well.
-std::optional<MeantKey> nearestKey(Level level, const std::string& key);
+// The same with the limit of nearestTo; a key with the same words in another
+// order matches, too.
+std::optional<IntendedKey> nearestKey(Level level, std::string_view key);
 
-// The known key of another level that `key` is; null for none. Of those that
-// have an index, a key with another suffix is none.
-const KnownKey* keyElsewhere(Level level, const std::string& key);
+// The name of the reserved key of the level that `key` resembles without being
+// reserved itself; "" for none.
+std::string nearlyIn(Level level, std::string_view key);
 
-// As messages name it: "stream_opts" in double quotes, 'node_7' in single ones.
-std::string nameOf(const MeantKey& meant);
+// The reserved key of another level that `key` is; null for none. A key of a
+// numbered family must end in a number.
+const ReservedKey* keyElsewhere(Level level, std::string_view key);
 
-// "write 'node_7'". Where `object` has that key already: an index that is free
-// or, where the key has none, what is to become of the member.
-std::string hintToWrite(const MeantKey& meant, const Value& object);
+// As messages name it: "stream_opts" in double quotes, 'node_7' in single
+// quotes.
+std::string nameOf(const IntendedKey& intended);
+
+// "rename it to 'node_7'". If `object` already has that key, a free index or,
+// if the key has none, "remove it".
+std::string hintToRename(const IntendedKey& intended, const Value& object);
 
 // "move it into a node".
 std::string hintToMove(Level level);
 
-// What to do about a member of an object of that level whose key is none of the
-// known ones. What stands in it tells what it was meant to be, if its key does
-// not.
+// What to do about a member of an object of this level whose key is not
+// reserved. If the key does not show what was intended, the members of its
+// value do.
 std::string hintForUnknown(Level level, const Value& member);
 
 }  // namespace qvgraph

@@ -9,10 +9,11 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "check/check.h"
-#include "check/words.h"
+#include "check/rules.h"
 #include "cli/crash_report.h"
 #include "cli/file_error.h"
 #include "cli/input.h"
@@ -25,33 +26,38 @@
 #include "render/check_json.h"
 #include "render/check_sarif.h"
 #include "render/check_text.h"
+#include "survey/words.h"
 
 namespace qvgraph {
 
 namespace {
 
 const char* const DESCRIPTION =
-    "Find the mistakes in configurations, before they reach a device.\n"
+    "Find the mistakes in configurations.\n"
     "\n"
     "Examples:\n"
-    "  qvgraph check pipes.json                        every finding, with its place\n"
-    "  qvgraph check --fail-on warning a.json b.json   warnings fail as well\n"
-    "  qvgraph check --ignore key-order pipes.json     without one rule\n"
+    "  qvgraph check pipes.json                        report every finding\n"
+    "  qvgraph check --fail-on warning a.json b.json   fail on warnings too\n"
+    "  qvgraph check --ignore key-order pipes.json     apply all rules except one\n"
     "  qvgraph check --format sarif -o out.sarif *.json\n"
     "  make-pipes | qvgraph check --stdin-filename pipes.json -\n"
-    "  qvgraph check --plugin ./libmine.so pipes.json  with classes of your own\n"
+    "  qvgraph check --plugin ./libmine.so pipes.json  use your own node classes\n"
     "\n"
-    "Errors: a device would abort, fail, or leave something out that is meant.\n"
-    "Warnings: it would go on with something else than is written. Notes: worth\n"
-    "knowing. \"qvgraph explain CODE\" explains a rule; a comment silences it for one\n"
-    "line:\n"
-    "  \"stream_input\": \"raw\"  // qvgraph: ignore[no-producer] comes over the bridge\n"
+    "Severities:\n"
+    "  error      the device aborts, fails, or silently drops something\n"
+    "  warning    the device continues with a different value\n"
+    "  note       worth knowing\n"
     "\n"
-    "Formats: text; gcc, one finding a line; json; sarif, SARIF 2.1.0; github, the\n"
+    "To learn more about a finding, run \"qvgraph explain CODE\". A comment suppresses\n"
+    "a warning or a note:\n"
+    "  \"stream_input\": \"raw\"  // qvgraph: ignore[no-producer] the bridge produces it\n"
+    "\n"
+    "Formats: text; gcc, one line per finding; json; sarif, SARIF 2.1.0; github,\n"
     "annotations of a GitHub workflow.\n"
     "\n"
-    "Exit codes: 0 nothing found; 1 findings as severe as --fail-on says; 2 wrong\n"
-    "usage, or a file that cannot be read or written (the others are reported).\n";
+    "Exit codes: 0 no findings at or above --fail-on; 1 findings at or above it;\n"
+    "2 wrong usage, or a file that cannot be read or written (the other files are\n"
+    "still reported).\n";
 
 const char* const STANDARD_INPUT = "-";
 
@@ -69,13 +75,13 @@ struct Arguments {
     bool quiet = false;
 };
 
-// What became of the files.
+// The results of all files.
 struct Checked {
     std::vector<CheckedFile> files;
-    bool readAll = true;
+    bool couldReadAll = true;
 };
 
-// Which codes the arguments leave.
+// Whether --select and --ignore select a code.
 std::function<bool(std::string_view)> selectionOf(const Arguments& arguments) {
     const Codes selected = codesIn("--select", arguments.select);
     const Codes ignored = codesIn("--ignore", arguments.ignore);
@@ -84,8 +90,8 @@ std::function<bool(std::string_view)> selectionOf(const Arguments& arguments) {
     };
 }
 
-// Nothing where it cannot be read, which is then told.
-std::optional<Input> readOrComplain(const Arguments& arguments, const std::string& path) {
+// Reads a file; prints a message and returns nothing if it cannot be read.
+std::optional<Input> readOrReport(const Arguments& arguments, const std::string& path) {
     try {
         Input input = readInput(path);
         if (path == STANDARD_INPUT && !arguments.stdinName.empty()) {
@@ -93,17 +99,15 @@ std::optional<Input> readOrComplain(const Arguments& arguments, const std::strin
         }
         return input;
     } catch (const FileError& error) {
-        complain(error.what());
+        printMessage(error.what());
         return std::nullopt;
     }
 }
 
-CheckedFile checkInput(const Arguments& arguments,
-                       const Input& input,
-                       const CheckRequest& request) {
+CheckedFile checkInput(const Arguments& arguments, Input input, const CheckRequest& request) {
     reportCrashesIn(input.name);
-    CheckedFile file = checkConfiguration(input.name, input.text, request);
-    file.survey = {};  // of many files it would take much memory
+    CheckedFile file = checkConfiguration(input.name, std::move(input.text), request);
+    file.model = {};  // the models of many files would need much memory
     if (arguments.strict) {
         makeStrict(&file.findings);
     }
@@ -115,10 +119,10 @@ Checked checkFiles(const Arguments& arguments, CheckRequest request) {
     Progress progress(!arguments.quiet);
     request.progress = [&](size_t done, size_t total) { progress.show("pipe", done, total); };
     for (const std::string& path : arguments.files) {
-        if (const auto input = readOrComplain(arguments, path)) {
-            checked.files.push_back(checkInput(arguments, *input, request));
+        if (auto input = readOrReport(arguments, path)) {
+            checked.files.push_back(checkInput(arguments, *std::move(input), request));
         } else {
-            checked.readAll = false;
+            checked.couldReadAll = false;
         }
         progress.show("file", checked.files.size(), arguments.files.size());
     }
@@ -174,7 +178,7 @@ bool hasFailed(const Arguments& arguments, const std::vector<CheckedFile>& files
     return false;
 }
 
-// Where no file could be read there is nothing to report.
+// Writes no report if no file could be read.
 ExitCode check(const Arguments& arguments, const CheckRequest& request) {
     for (const std::string& file : arguments.files) {
         if (isSameFile(file, arguments.output)) {
@@ -185,10 +189,10 @@ ExitCode check(const Arguments& arguments, const CheckRequest& request) {
     if (!checked.files.empty()) {
         writeOutput(arguments.output, render(arguments, checked.files));
         if (!arguments.quiet) {
-            complain(summaryOf(checked.files));
+            printMessage(summaryOf(checked.files));
         }
     }
-    if (!checked.readAll) {
+    if (!checked.couldReadAll) {
         return ExitCode::Failed;
     }
     return hasFailed(arguments, checked.files) ? ExitCode::Findings : ExitCode::Clean;
@@ -197,8 +201,10 @@ ExitCode check(const Arguments& arguments, const CheckRequest& request) {
 void addInputOptions(Verb* verb, Arguments* arguments) {
     verb->addArguments("FILE", &arguments->files, "The configurations; - is standard input");
     verb->require("FILE");
-    verb->addOption(
-        "--stdin-filename", &arguments->stdinName, "Report standard input under this name", "NAME");
+    verb->addOption("--stdin-filename",
+                    &arguments->stdinName,
+                    "Use this name for standard input in the report",
+                    "NAME");
 }
 
 void addReportOptions(Verb* verb, Arguments* arguments) {
@@ -213,21 +219,22 @@ void addReportOptions(Verb* verb, Arguments* arguments) {
                     {"auto", "always", "never"},
                     "auto (the default), always or never",
                     "WHEN");
-    verb->addFlag("-q,--quiet", &arguments->quiet, "Nothing on standard error but errors");
+    verb->addFlag("-q,--quiet", &arguments->quiet, "Print only errors on standard error");
 }
 
 void addRuleOptions(Verb* verb, Arguments* arguments) {
     verb->addChoice("--fail-on",
                     &arguments->failOn,
                     {"error", "warning", "note"},
-                    "What makes the exit code 1: error (the default), warning, note",
+                    "Fail at or above error (the default), warning or note",
                     "SEVERITY");
     verb->addList("--select",
                   &arguments->select,
-                  "Only these rules, separated by commas; repeatable",
+                  "Apply only these rules, separated by commas; repeatable",
                   "CODES");
-    verb->addList("--ignore", &arguments->ignore, "Not these rules; repeatable", "CODES");
-    verb->addFlag("--strict", &arguments->strict, "Warnings are errors");
+    verb->addList(
+        "--ignore", &arguments->ignore, "Apply all rules except these; repeatable", "CODES");
+    verb->addFlag("--strict", &arguments->strict, "Report warnings as errors");
 }
 
 }  // namespace
@@ -239,9 +246,9 @@ void addCheck(CLI::App* app, ExitCode* code) {
     addReportOptions(&verb, arguments.get());
     addRuleOptions(&verb, arguments.get());
     addNodeClassOptions(&verb, &arguments->nodeClasses);
-    verb.setWork([arguments, code] {
+    verb.setAction([arguments, code] {
         if (std::count(arguments->files.begin(), arguments->files.end(), STANDARD_INPUT) > 1) {
-            throw UsageError("FILE: standard input can be read once only");
+            throw UsageError("FILE: standard input can be read only once");
         }
         CheckRequest request;
         request.selects = selectionOf(*arguments);

@@ -15,6 +15,8 @@
 #include <system_error>
 #include <utility>
 
+#include "cli/descriptor.h"
+
 namespace qvgraph {
 
 namespace {
@@ -22,50 +24,13 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using End = ChildResult::End;
 
-// How long it is before one looks again whether the child has ended: it may do
-// so with its streams open, and go on for long after closing them.
-const int SLICE_MS = 50;
-const int LAST_SLICE_MS = 2;
+// The intervals at which the parent checks whether the child has ended: a child can
+// end while other processes hold its streams open, and can continue after it has
+// closed them.
+const int INTERVAL_MS = 50;
+const int INTERVAL_WITHOUT_STREAMS_MS = 2;
 
-const int NOT_RUN = 127;  // exit code of a child that cannot become the program
-
-int checked(int result, const char* what) {
-    if (result < 0) {
-        throw std::system_error(errno, std::generic_category(), what);
-    }
-    return result;
-}
-
-// An open file descriptor, none of the standard ones: those are what the child
-// gets its own as.
-class Descriptor {
-public:
-    Descriptor() = default;
-    explicit Descriptor(int number) : mNumber(number) {
-        if (number <= STDERR_FILENO) {
-            mNumber = fcntl(number, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-            ::close(number);
-            checked(mNumber, "fcntl");
-        }
-    }
-    Descriptor(Descriptor&& other) noexcept : mNumber(std::exchange(other.mNumber, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(mNumber, other.mNumber);
-        return *this;
-    }
-    ~Descriptor() { close(); }
-
-    void close() {
-        if (mNumber >= 0) {
-            ::close(std::exchange(mNumber, -1));
-        }
-    }
-    int number() const { return mNumber; }
-    bool isOpen() const { return mNumber >= 0; }
-
-private:
-    int mNumber = -1;
-};
+const int NOT_RUN = 127;  // exit code of a child that cannot run the program
 
 struct Pipe {
     Descriptor reading;
@@ -78,10 +43,9 @@ Pipe openPipe() {
     return {Descriptor(pair[0]), Descriptor(pair[1])};
 }
 
-// A file without a name that holds a text. Unlike a pipe it takes all at once:
-// there is nothing to write while the child is read from, and nobody to stop
-// reading.
-Descriptor fileOf(const std::string& text) {
+// An unnamed file with this content. Unlike a pipe, a file needs no writer while the
+// child runs, and the child need not read all of it.
+Descriptor fileWith(const std::string& text) {
     const std::unique_ptr<FILE, int (*)(FILE*)> file(tmpfile(), fclose);
     if (!file || fwrite(text.data(), 1, text.size(), file.get()) != text.size() ||
         fflush(file.get()) != 0) {
@@ -92,18 +56,18 @@ Descriptor fileOf(const std::string& text) {
         checked(fcntl(fileno(file.get()), F_DUPFD_CLOEXEC, STDERR_FILENO + 1), "fcntl"));
 }
 
-// What the new process becomes the program with, made before there is one:
-// behind the fork only plain system calls are safe.
+// Everything that the new process needs, allocated before the fork: after it, only
+// async-signal-safe functions may be called.
 struct Launch {
     explicit Launch(const ChildRequest& request)
-        : words(request.command), in(fileOf(request.input)) {
+        : words(request.command), in(fileWith(request.input)) {
         for (std::string& word : words) {
             arguments.push_back(word.data());
         }
         arguments.push_back(nullptr);
     }
 
-    // Returns only where the program cannot be run.
+    // Returns only if the program cannot be run.
     void becomeProgram() const {
         dup2(in.number(), STDIN_FILENO);
         dup2(out.writing.number(), STDOUT_FILENO);
@@ -117,7 +81,7 @@ struct Launch {
     Descriptor in;
     Pipe out = openPipe();
     Pipe err = openPipe();
-    Pipe failure = openPipe();  // closed by a program that runs; else tells why not
+    Pipe failure = openPipe();  // closed when the program runs; otherwise carries errno
 };
 
 [[noreturn]] void giveUp(const Descriptor& failure, int error) {
@@ -126,7 +90,7 @@ struct Launch {
     _exit(NOT_RUN);
 }
 
-// Takes what is there; closes at the end.
+// Reads what is available; closes the descriptor at the end of the stream.
 void readSome(Descriptor* from, std::string* text) {
     char chunk[65536];
     const ssize_t size = read(from->number(), chunk, sizeof(chunk));
@@ -137,7 +101,7 @@ void readSome(Descriptor* from, std::string* text) {
     }
 }
 
-// A running child. At the end of its scope there is none, and no zombie.
+// A running child. The destructor kills it if it still runs, and leaves no zombie.
 class Child {
 public:
     Child(pid_t id, Descriptor out, Descriptor err, const ChildRequest& request)
@@ -154,42 +118,42 @@ public:
 
     ChildResult runToEnd() {
         const auto start = Clock::now();
-        while (!hasEnded() && !hasWrittenTooMuch()) {
+        while (!hasEnded() && !hasWrittenOutputLimit()) {
             const auto elapsed =
                 std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start);
             if (elapsed >= mRequest.timeLimit) {
-                return endedAs(End::TooLate, 0);
+                return endedAs(End::TimedOut, 0);
             }
-            if (mRequest.waiting) {
-                mRequest.waiting(elapsed);
+            if (mRequest.onWait) {
+                mRequest.onWait(elapsed);
             }
-            exchange(mOut.isOpen() || mErr.isOpen() ? SLICE_MS : LAST_SLICE_MS);
+            exchange(mOut.isOpen() || mErr.isOpen() ? INTERVAL_MS : INTERVAL_WITHOUT_STREAMS_MS);
         }
-        if (hasWrittenTooMuch()) {
-            return endedAs(End::TooMuch, 0);
+        if (hasWrittenOutputLimit()) {
+            return endedAs(End::OutputLimit, 0);
         }
         return WIFEXITED(*mStatus) ? endedAs(End::Exited, WEXITSTATUS(*mStatus))
                                    : endedAs(End::Signalled, WTERMSIG(*mStatus));
     }
 
 private:
-    // Also takes what it wrote at last: who still holds its streams may be a
-    // child of its own, which nobody waits for.
+    // Also reads what the child wrote last. Its streams may stay open, in a process
+    // that it has started.
     bool hasEnded() {
         int status = 0;
         if (!mStatus && waitpid(mId, &status, WNOHANG) == mId) {
             mStatus = status;
-            while (!hasWrittenTooMuch() && exchange(0)) {
+            while (!hasWrittenOutputLimit() && exchange(0)) {
             }
         }
         return mStatus.has_value();
     }
 
-    bool hasWrittenTooMuch() const {
-        return mResult.out.size() + mResult.err.size() > mRequest.mostOutput;
+    bool hasWrittenOutputLimit() const {
+        return mResult.out.size() + mResult.err.size() > mRequest.maxOutput;
     }
 
-    // Waits for output and takes it. Tells whether there was some.
+    // Waits for output and reads it. Returns whether there was any.
     bool exchange(int milliseconds) {
         pollfd waiting[] = {{mOut.number(), POLLIN, 0}, {mErr.number(), POLLIN, 0}};
         if (poll(waiting, 2, milliseconds) <= 0) {

@@ -1,4 +1,4 @@
-// A program that is run to the end, with a text in and a text out.
+// Runs a program to its end, with text as its input and output.
 #ifndef QVGRAPH_CLI_CHILD_PROCESS_H_
 #define QVGRAPH_CLI_CHILD_PROCESS_H_
 
@@ -11,22 +11,23 @@
 namespace qvgraph {
 
 struct ChildRequest {
-    std::vector<std::string> command;  // a name that PATH leads to, and its arguments
-    std::string input;                 // what its standard input holds
+    std::vector<std::string> command;  // a name to look up in PATH, and its arguments
+    std::string input;                 // the content of its standard input
     std::chrono::seconds timeLimit = std::chrono::seconds(60);
-    size_t mostOutput = size_t{256} << 20;  // in bytes, of both of its outputs
+    size_t maxOutput = size_t{256} << 20;  // in bytes, for both outputs together
 
-    // Told several times a second how long it has been running; may be empty.
-    std::function<void(std::chrono::seconds)> waiting;
+    // Called several times a second with the time since the start. May be empty. Its
+    // exceptions end the program and propagate to the caller.
+    std::function<void(std::chrono::seconds)> onWait;
 };
 
 struct ChildResult {
     enum class End {
-        Exited,     // with `code`
-        Signalled,  // by the signal `code`
-        NotRun,     // the error `code` of the system
-        TooLate,    // it was ended at its time limit
-        TooMuch,    // it was ended because it wrote more than it may
+        Exited,       // with the exit code `code`
+        Signalled,    // terminated by the signal `code`
+        NotRun,       // the system could not run it: errno is `code`
+        TimedOut,     // killed at the time limit
+        OutputLimit,  // killed because it wrote more than maxOutput
     };
     End end = End::NotRun;
     int code = 0;
@@ -34,8 +35,8 @@ struct ChildResult {
     std::string err;
 };
 
-// Runs it, without a shell. Throws std::system_error where the system does not
-// give what that takes. A child of its own is not waited for.
+// Runs the program without a shell. Does not wait for processes that the program
+// itself has started. Throws std::system_error if a system call fails.
 ChildResult runChild(const ChildRequest& request);
 
 }  // namespace qvgraph

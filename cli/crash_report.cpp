@@ -24,13 +24,13 @@ const Crash CRASHES[] = {{SIGSEGV, "segmentation fault"},
                          {SIGILL, "illegal instruction"},
                          {SIGABRT, "aborted"}};
 
-std::string beforeClass;  // of the line
+std::string prefix;  // of the message, up to the class
 
-// A class that uses its stack up leaves none to the handler.
+// The handler has its own stack, because a class may have exhausted the normal one.
 std::array<char, 65536> handlerStack;
 
-// A line in a buffer of its own: nothing here may allocate. What does not fit is
-// left out.
+// A line in a buffer of fixed size: a signal handler must not allocate. Text that does
+// not fit is dropped.
 class Line {
 public:
     void add(const char* text) {
@@ -39,7 +39,7 @@ public:
         }
     }
 
-    // What is not plain ASCII as "\xNN".
+    // Writes bytes that are not printable ASCII as "\xNN".
     void addEscaped(const char* text) {
         const char* const digits = "0123456789abcdef";
         for (; *text != '\0'; ++text) {
@@ -58,7 +58,7 @@ public:
         if (number < 0) {
             addByte('-');
         }
-        std::array<char, 12> digits = {};  // from the last on, before a NUL
+        std::array<char, 12> digits = {};  // filled from the end, before a NUL
         size_t at = digits.size() - 1;
         for (int rest = number; at == digits.size() - 1 || rest != 0; rest /= 10) {
             const int digit = rest % 10;
@@ -68,7 +68,7 @@ public:
     }
 
     void write() const {
-        // Nothing is left to do where it fails.
+        // The handler cannot do anything about a failure.
         static_cast<void>(!::write(STDERR_FILENO, mBytes.data(), mSize));
     }
 
@@ -92,11 +92,12 @@ const char* nameOf(int number) {
     return "";
 }
 
-// Ends the process by the signal after all: it is held back until the return.
+// Raises the signal again with its default action. The signal is blocked until the
+// handler returns, and then ends the process.
 extern "C" void reportCrash(int number) {
     if (const NodeInSetUp* node = nodeInSetUp()) {
         Line line;
-        line.add(beforeClass.c_str());
+        line.add(prefix.c_str());
         line.addEscaped(node->className);
         line.add("' of pipe_");
         line.addNumber(node->pipe);
@@ -134,7 +135,7 @@ void handle(int number) {
 }  // namespace
 
 void reportCrashesIn(const std::string& file) {
-    beforeClass = "qvgraph: " + printable(file) + ": the class '";
+    prefix = "qvgraph: " + printable(file) + ": class '";
     useHandlerStack();
     for (const Crash& crash : CRASHES) {
         handle(crash.signal);

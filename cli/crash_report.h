@@ -1,4 +1,4 @@
-// A last word where the code of a node class crashes the command.
+// A message on standard error if the code of a node class crashes the command.
 #ifndef QVGRAPH_CLI_CRASH_REPORT_H_
 #define QVGRAPH_CLI_CRASH_REPORT_H_
 
@@ -6,13 +6,13 @@
 
 namespace qvgraph {
 
-// From now on, where a signal of a crash ends the process while the code of a
-// node class runs, it first tells on standard error which class, node and file
-// it was:
+// From this call on, if a crash signal arrives while the code of a node class runs,
+// the process writes the file, the class and the node to standard error before the
+// signal ends it:
 //
-//   qvgraph: pipes.json: the class 'Mixer' of pipe_0/node_2 crashed (segmentation fault)
+//   qvgraph: pipes.json: class 'Mixer' of pipe_0/node_2 crashed (segmentation fault)
 //
-// A signal that something else handles, as a sanitizer does, is left to that.
+// Does not replace existing handlers, such as those of a sanitizer.
 void reportCrashesIn(const std::string& file);
 
 }  // namespace qvgraph

@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "check/check.h"
-#include "check/words.h"
 #include "cli/crash_report.h"
 #include "cli/file_error.h"
 #include "cli/input.h"
@@ -31,34 +30,34 @@
 #include "render/draw_words.h"
 #include "render/drawing.h"
 #include "survey/survey.h"
+#include "survey/words.h"
 
 namespace qvgraph {
 
 namespace {
 
 const char* const DESCRIPTION =
-    "Draw a configuration: its nodes, and the streams between them.\n"
+    "Draw the nodes and streams of a configuration.\n"
     "\n"
     "Examples:\n"
-    "  qvgraph draw -o pipes.svg pipes.json       a picture\n"
-    "  qvgraph draw -o pipes.html pipes.json      a page to look around in\n"
+    "  qvgraph draw -o pipes.svg pipes.json      draw a picture\n"
+    "  qvgraph draw -o pipes.html pipes.json     write a page to pan, zoom and search\n"
     "  qvgraph draw --pipe 1 --options -o one.png pipes.json\n"
-    "  qvgraph draw --format mermaid pipes.json   for a README\n"
+    "  qvgraph draw --format mermaid pipes.json  print text for a README\n"
     "  qvgraph draw pipes.json | dot -Tpdf -o pipes.pdf\n"
     "\n"
-    "Formats: dot, for Graphviz; svg; png; mermaid; html, one page that needs nothing\n"
-    "else. Without --format the ending of the file decides: .dot or .gv, .svg, .png,\n"
-    ".mmd or .mermaid, .html or .htm. For svg, png and html the program \"dot\" of\n"
-    "Graphviz lays the picture out.\n"
+    "Errors and warnings of the check appear on their node or stream. A stream\n"
+    "without a producer or a consumer has a loose end.\n"
     "\n"
-    "Mistakes are drawn where they are: what \"qvgraph check\" calls an error or a\n"
-    "warning is painted on its node or stream, and a stream without a producer or a\n"
-    "consumer has a loose end.\n"
+    "Formats: dot, for Graphviz; svg; png; mermaid; html, a page that works offline.\n"
+    "Without --format, the extension of the output file decides: .dot or .gv, .svg,\n"
+    ".png, .mmd or .mermaid, .html or .htm. On standard output, the default is dot.\n"
+    "For svg, png and html, the program \"dot\" of Graphviz computes the layout.\n"
     "\n"
-    "Exit codes: 0; 2 for wrong usage, a file that cannot be read or written, a\n"
-    "document that does not load, or a picture that cannot be laid out.\n";
+    "Exit codes: 0 the picture is written; 2 wrong usage, a file that cannot be read\n"
+    "or written, a document that does not load, or a picture that cannot be laid out.\n";
 
-const int MOST_SECONDS = 86400;
+const int MAX_SECONDS = 86400;
 
 struct Arguments {
     std::string file;
@@ -71,8 +70,8 @@ struct Arguments {
     bool quiet = false;
 };
 
-// The format that a file's ending tells; "" for none.
-std::string formatByEnding(const std::string& path) {
+// The format for the extension of a file; "" if there is none.
+std::string formatByExtension(const std::string& path) {
     static const std::map<std::string, std::string> FORMATS = {{".dot", "dot"},
                                                                {".gv", "dot"},
                                                                {".svg", "svg"},
@@ -81,11 +80,11 @@ std::string formatByEnding(const std::string& path) {
                                                                {".mermaid", "mermaid"},
                                                                {".html", "html"},
                                                                {".htm", "html"}};
-    std::string ending = std::filesystem::path(path).extension();
-    std::transform(ending.begin(), ending.end(), ending.begin(), [](unsigned char c) {
+    std::string extension = std::filesystem::path(path).extension();
+    std::transform(extension.begin(), extension.end(), extension.begin(), [](unsigned char c) {
         return static_cast<char>(tolower(c));
     });
-    const auto found = FORMATS.find(ending);
+    const auto found = FORMATS.find(extension);
     return found == FORMATS.end() ? "" : found->second;
 }
 
@@ -96,30 +95,29 @@ std::string formatOf(const Arguments& arguments) {
     if (isStandardOutput(arguments.output)) {
         return "dot";
     }
-    std::string format = formatByEnding(arguments.output);
+    std::string format = formatByExtension(arguments.output);
     if (format.empty()) {
-        throw UsageError("--output: the ending of '" + arguments.output +
-                         "' tells no format; give --format");
+        throw UsageError("--output: the extension of '" + arguments.output +
+                         "' does not tell the format; use --format");
     }
     return format;
 }
 
-std::string noSuchPipe(const Input& input, int pipe, const Survey& survey) {
+std::string noSuchPipe(const Input& input, int pipe, const Model& model) {
     std::vector<std::string> keys;
-    for (const Pipe& each : survey.pipes) {
-        keys.push_back(*each.key);
+    for (const Pipe& each : model.pipes()) {
+        keys.emplace_back(each.value->key);
     }
     return input.name + ": there is no \"pipe_" + std::to_string(pipe) +
            "\": the configuration has " + (keys.empty() ? "no pipes" : listOf(keys));
 }
 
-bool hasPipe(const Survey& survey, int pipe) {
-    return std::any_of(survey.pipes.begin(), survey.pipes.end(), [pipe](const Pipe& each) {
-        return each.index == pipe;
-    });
+bool hasPipe(const Model& model, int pipe) {
+    return std::ranges::any_of(model.pipes(),
+                               [pipe](const Pipe& each) { return each.index == pipe; });
 }
 
-// Why the parser gets no document out of a text; nothing when it does.
+// Why the parser does not load a text; nothing if it does.
 std::optional<std::string> loadError(const std::string& text) {
     QVGraphParser parser;
     return loadConfiguration(text, {}, &parser);
@@ -171,16 +169,16 @@ ExitCode draw(const Arguments& arguments) {
         throw FileError("cannot write " + arguments.output + ": it is the configuration");
     }
     if (format == "png" && isStandardOutput(arguments.output) && isatty(STDOUT_FILENO) != 0) {
-        throw FileError("cannot write a png to a terminal: give -o FILE");
+        throw FileError("cannot write a png to a terminal; use -o FILE");
     }
     const Input input = readInput(arguments.file);
     if (const auto error = loadError(input.text)) {
-        complain(input.name + ": " + *error + " (see qvgraph check)");
+        printMessage(input.name + ": " + *error + " (see qvgraph check)");
         return ExitCode::Failed;
     }
     const CheckedFile file = checkInput(arguments, input);
-    if (arguments.pipe && !hasPipe(file.survey, *arguments.pipe)) {
-        complain(noSuchPipe(input, *arguments.pipe, file.survey));
+    if (arguments.pipe && !hasPipe(file.model, *arguments.pipe)) {
+        printMessage(noSuchPipe(input, *arguments.pipe, file.model));
         return ExitCode::Failed;
     }
     const Drawing drawing = drawingOf(file, arguments.pipe);
@@ -188,7 +186,7 @@ ExitCode draw(const Arguments& arguments) {
 
     const std::string mistakes = mistakesIn(drawing);
     if (!mistakes.empty() && !arguments.quiet) {
-        complain(input.name + ": " + mistakes + " (see qvgraph check)");
+        printMessage(input.name + ": " + mistakes + " (see qvgraph check)");
     }
     return ExitCode::Clean;
 }
@@ -197,14 +195,14 @@ void addTimeout(Verb* verb, int* seconds) {
     verb->addParsed(
         "--timeout",
         [seconds](const std::string& text) {
-            const std::optional<int> number = numberIn(text, 1, MOST_SECONDS);
+            const std::optional<int> number = numberIn(text, 1, MAX_SECONDS);
             if (!number) {
-                throw UsageError("--timeout: '" + text + "' is no number of seconds from 1 to " +
-                                 std::to_string(MOST_SECONDS));
+                throw UsageError("--timeout: '" + text + "' is not a whole number from 1 to " +
+                                 std::to_string(MAX_SECONDS));
             }
             *seconds = *number;
         },
-        "How long the layout may take; 60 seconds by default",
+        "Stop the layout after this time; the default is 60",
         "SECONDS");
 }
 
@@ -218,15 +216,15 @@ void addDraw(CLI::App* app, ExitCode* code) {
     verb.addChoice("--format",
                    &arguments->format,
                    {"dot", "svg", "png", "mermaid", "html"},
-                   "dot, svg, png, mermaid or html; dot by default",
+                   "dot, svg, png, mermaid or html",
                    "FORMAT");
     verb.addOption("-o,--output", &arguments->output, "Write the picture to this file", "FILE");
-    addPipeOption(&verb, &arguments->pipe);
-    verb.addFlag("--options", &arguments->options, "Show the options of nodes in their boxes");
+    addPipeOption(&verb, &arguments->pipe, "Draw only the pipe with this index, counted from 0");
+    verb.addFlag("--options", &arguments->options, "Show the options of the nodes");
     addTimeout(&verb, &arguments->timeout);
     addNodeClassOptions(&verb, &arguments->nodeClasses);
-    verb.addFlag("-q,--quiet", &arguments->quiet, "Nothing on standard error but errors");
-    verb.setWork([arguments, code] {
+    verb.addFlag("-q,--quiet", &arguments->quiet, "Print only errors on standard error");
+    verb.setAction([arguments, code] {
         provideNodeClasses(arguments->nodeClasses);
         *code = draw(*arguments);
     });

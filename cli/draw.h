@@ -1,4 +1,4 @@
-// qvgraph draw: draws a configuration.
+// qvgraph draw: draws the nodes and streams of a configuration.
 #ifndef QVGRAPH_CLI_DRAW_H_
 #define QVGRAPH_CLI_DRAW_H_
 
@@ -7,8 +7,9 @@
 
 namespace qvgraph {
 
-// Adds the verb to the command. When it was given, its exit code is in `*code`
-// after parsing. `code` must outlive the parsing. The verb throws FileError.
+// Adds the verb to the command. If the arguments contain the verb, parsing them runs
+// it and stores its exit code in `*code`. `code` must outlive the parsing. The verb
+// throws UsageError and FileError.
 void addDraw(CLI::App* app, ExitCode* code);
 
 }  // namespace qvgraph

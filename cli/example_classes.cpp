@@ -17,7 +17,7 @@ QVTaskNodeBase* createNothing(const _QVNodeInfo* /*info*/) {
     return nullptr;
 }
 
-// Looks for the one option of its kind.
+// Looks up the option "gain" as a float.
 class GainNode : public QVHostTaskNode {
 public:
     int initialize(int nodeId,
@@ -35,10 +35,10 @@ QVTaskNodeBase* createGain(const _QVNodeInfo* /*info*/) {
 }
 
 decltype(QVNodeClass::create) creatorOf(const ExampleClass& example) {
-    if (!example.makesNode) {
+    if (!example.createsNode) {
         return createNothing;
     }
-    return example.looksForGain ? createGain : createNode;
+    return example.looksUpGain ? createGain : createNode;
 }
 
 }  // namespace

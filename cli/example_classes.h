@@ -1,4 +1,4 @@
-// The node classes that the examples of the rules ask for.
+// Registers the node classes that the examples of the rules require.
 #ifndef QVGRAPH_CLI_EXAMPLE_CLASSES_H_
 #define QVGRAPH_CLI_EXAMPLE_CLASSES_H_
 
@@ -6,17 +6,17 @@
 
 namespace qvgraph {
 
-// As QVNodeRegistry::registerClass, in the registry of the program.
+// Like QVNodeRegistry::registerClass, in the registry of the process.
 int registerExampleClass(const ExampleClass& example);
 
-// Has the registry as an example asks for it, as long as it stands. The stub
-// stays as it is set.
+// Registers the classes of an example during its lifetime. Sets the stub as the
+// example requires, and does not restore it.
 class ExampleClasses {
 public:
     explicit ExampleClasses(const RuleExample& example);
     ~ExampleClasses();
 
-    // Stands for its scope.
+    // Not copyable: each registration has one owner.
     ExampleClasses(const ExampleClasses&) = delete;
     ExampleClasses& operator=(const ExampleClasses&) = delete;
 

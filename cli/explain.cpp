@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "check/check.h"
+#include "check/rules.h"
 #include "cli/example_classes.h"
 #include "cli/output.h"
 #include "cli/rule_codes.h"
@@ -21,11 +22,15 @@ const char* const DESCRIPTION =
     "Explain the rules of the check.\n"
     "\n"
     "Examples:\n"
-    "  qvgraph explain                         every rule, one a line\n"
-    "  qvgraph explain no-producer             one: what is wrong, and how to mend it\n"
-    "  qvgraph explain --format markdown       all of them, as a page\n"
+    "  qvgraph explain                      list all rules, one per line\n"
+    "  qvgraph explain no-producer          explain one rule\n"
+    "  qvgraph explain --format markdown    write all explanations on one page\n"
     "\n"
-    "Exit codes: 0; 2 for a code that there is not, or a file that cannot be written.\n";
+    "An explanation says what a rule finds, what the device does, and how to fix the\n"
+    "mistake.\n"
+    "\n"
+    "Exit codes: 0 the explanation is written; 2 wrong usage, an unknown code, or a\n"
+    "file that cannot be written.\n";
 
 struct Arguments {
     std::string code;
@@ -53,8 +58,8 @@ std::string explainAll(const Arguments& arguments) {
     std::ostringstream report;
     if (arguments.format == "markdown") {
         std::vector<ExplainedRule> all;
-        for (const Rule& rule : rules()) {
-            all.push_back(explained(rule));
+        for (const Rule* rule : rules()) {
+            all.push_back(explained(*rule));
         }
         renderRulesMarkdown(report, all);
     } else {
@@ -68,14 +73,14 @@ std::string explainAll(const Arguments& arguments) {
 void addExplain(CLI::App* app, ExitCode* code) {
     auto arguments = std::make_shared<Arguments>();
     Verb verb(app, "explain", DESCRIPTION);
-    verb.addArgument("CODE", &arguments->code, "The code of a rule; without one, all of them");
+    verb.addArgument("CODE", &arguments->code, "The code of a rule; without it, list all rules");
     verb.addChoice("--format",
                    &arguments->format,
                    {"text", "markdown"},
                    "text (the default) or markdown",
                    "FORMAT");
-    verb.addOption("-o,--output", &arguments->output, "Write to this file", "FILE");
-    verb.setWork([arguments, code, verb] {
+    verb.addOption("-o,--output", &arguments->output, "Write the explanation to this file", "FILE");
+    verb.setAction([arguments, code, verb] {
         writeOutput(arguments->output,
                     verb.isGiven("CODE") ? explainOne(*arguments) : explainAll(*arguments));
         *code = ExitCode::Clean;

@@ -7,8 +7,9 @@
 
 namespace qvgraph {
 
-// Adds the verb to the command. When it was given, its exit code is in `*code`
-// after parsing. `code` must outlive the parsing. The verb throws FileError.
+// Adds the verb to the command. If the arguments contain the verb, parsing them runs
+// it and stores its exit code in `*code`. `code` must outlive the parsing. The verb
+// throws UsageError and FileError.
 void addExplain(CLI::App* app, ExitCode* code);
 
 }  // namespace qvgraph

@@ -6,7 +6,7 @@
 
 namespace qvgraph {
 
-// what() names the file and says why, for people.
+// what() is a message for people: the file and the reason.
 class FileError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

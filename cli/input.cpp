@@ -11,7 +11,7 @@ namespace qvgraph {
 
 namespace {
 
-// A document of this size takes gigabytes as a tree: rather a wrong file.
+// The parsed document would need gigabytes: the path is probably wrong.
 const size_t MAX_SIZE = size_t{256} << 20;
 
 const char* const TOO_LARGE = "it is larger than 256 MiB";
@@ -33,6 +33,7 @@ std::string readAll(FILE* file, const std::string& name) {
             fail(name, TOO_LARGE);
         }
         if (size == 0) {
+            text.shrink_to_fit();
             return text;
         }
     }
@@ -46,7 +47,7 @@ Input readInput(const std::string& path) {
     }
     const std::unique_ptr<FILE, int (*)(FILE*)> file(fopen(path.c_str(), "rb"), fclose);
     if (!file) {
-        // What does not even open where a long has 32 bits.
+        // Where long has 32 bits, opening a file of 2 GiB already fails.
         fail(path, errno == EOVERFLOW ? TOO_LARGE : strerror(errno));
     }
     return {path, readAll(file.get(), path)};

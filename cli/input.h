@@ -1,4 +1,4 @@
-// What the command reads.
+// Reads the input files of the command.
 #ifndef QVGRAPH_CLI_INPUT_H_
 #define QVGRAPH_CLI_INPUT_H_
 
@@ -6,15 +6,15 @@
 
 namespace qvgraph {
 
-// A text, and the name under which reports and messages speak of it.
+// A text, and its name in reports and messages.
 struct Input {
     std::string name;  // "<stdin>" for standard input
     std::string text;
 };
 
-// Reads `path`, or standard input for "-", to its end: as a stream, so that
-// pipes and devices are read too. Throws FileError (cli/file_error.h), also
-// beyond 256 MiB.
+// Reads `path`, or standard input for "-", to its end. Reads it as a stream, so that
+// it can be a pipe or a device. Throws FileError (cli/file_error.h) if it cannot be
+// read or is larger than 256 MiB.
 Input readInput(const std::string& path);
 
 }  // namespace qvgraph

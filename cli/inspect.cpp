@@ -20,25 +20,27 @@
 #include "render/inspect_json.h"
 #include "render/inspect_text.h"
 #include "survey/survey.h"
+#include "survey/words.h"
 
 namespace qvgraph {
 
 namespace {
 
 const char* const DESCRIPTION =
-    "Show what a framework makes of a configuration.\n"
+    "Show how the framework interprets a configuration.\n"
     "\n"
     "Examples:\n"
-    "  qvgraph inspect pipes.json                      the whole, for people\n"
-    "  qvgraph inspect --pipe 1 pipes.json             one pipe of it\n"
+    "  qvgraph inspect pipes.json                     show all pipes\n"
+    "  qvgraph inspect --pipe 1 pipes.json            show one pipe\n"
     "  qvgraph inspect --format json -o out.json pipes.json\n"
-    "  make-pipes | qvgraph inspect -                  from standard input\n"
-    "  qvgraph inspect --plugin ./libmine.so pipes.json   with classes of your own\n"
+    "  make-pipes | qvgraph inspect -                 read standard input\n"
+    "  qvgraph inspect --plugin ./libmine.so a.json   use your own node classes\n"
     "\n"
-    "Every query is answered, every option shown as it is stored, every node set up,\n"
-    "and every stream told with who gives and who takes it. Nodes of registered\n"
-    "classes are marked as such; stubs stand in for all others, unless --no-stub.\n"
-    "An option that was not stored is not shown; -v tells of those too long.\n"
+    "The report shows the answer to every query, every option as it is stored,\n"
+    "every node as it is set up, and every stream with its producer and consumers. An\n"
+    "option that is not stored does not appear; -v reports options that are too long.\n"
+    "Stubs stand in for node classes that are not registered, unless you use\n"
+    "--no-stub.\n"
     "\n"
     "Exit codes: 0 every node is ready; 1 a node is not ready; 2 wrong usage, a file\n"
     "that cannot be read or written, or a document that does not load.\n";
@@ -55,8 +57,8 @@ struct Arguments {
     bool quiet = false;
 };
 
-// The records of the parser and of node classes on standard error: errors and
-// failures with -v, all with -vv.
+// Prints the records of the parser and of node classes on standard error: errors and
+// failures with -v, all records with -vv.
 RecordObserver recordsOf(const Arguments& arguments) {
     RecordObserver records;
     if (arguments.verbosity > 0) {
@@ -70,11 +72,12 @@ RecordObserver recordsOf(const Arguments& arguments) {
 }
 
 std::string noSuchPipe(const Input& input, int pipe, int pipes) {
-    const std::string found = input.name + ": there is no pipe " + std::to_string(pipe) + ": ";
+    const std::string missing =
+        input.name + ": there is no pipe " + std::to_string(pipe) + ": the configuration has ";
     if (pipes == 0) {
-        return found + "the configuration has none";
+        return missing + "no pipes";
     }
-    return found + "the configuration has " + std::to_string(pipes) +
+    return missing + counted(static_cast<size_t>(pipes), "pipe") +
            (pipes == 1 ? ", with the index 0"
                        : ", with the indexes 0 to " + std::to_string(pipes - 1));
 }
@@ -110,12 +113,12 @@ ExitCode inspect(const Arguments& arguments) {
     request.records = recordsOf(arguments);
     QVGraphParser parser;
     if (const auto error = loadConfiguration(input.text, request.records, &parser)) {
-        complain(input.name + ": " + *error + " (see qvgraph check)");
+        printMessage(input.name + ": " + *error + " (see qvgraph check)");
         return ExitCode::Failed;
     }
     const int pipes = parser.getPipeNum();
     if (arguments.pipe && *arguments.pipe >= pipes) {
-        complain(noSuchPipe(input, *arguments.pipe, pipes));
+        printMessage(noSuchPipe(input, *arguments.pipe, pipes));
         return ExitCode::Failed;
     }
 
@@ -134,7 +137,7 @@ ExitCode inspect(const Arguments& arguments) {
         return ExitCode::Clean;
     }
     if (!arguments.quiet) {
-        complain(input.name + ": " + textOf(readiness));
+        printMessage(input.name + ": " + textOf(readiness));
     }
     return ExitCode::Findings;
 }
@@ -144,25 +147,23 @@ ExitCode inspect(const Arguments& arguments) {
 void addInspect(CLI::App* app, ExitCode* code) {
     auto arguments = std::make_shared<Arguments>();
     Verb verb(app, "inspect", DESCRIPTION);
-    verb.addArgument(
-        "FILE", &arguments->file, "The configuration, but with --classes; - is standard input");
+    verb.addArgument("FILE", &arguments->file, "The configuration; - is standard input");
     verb.addChoice(
         "--format", &arguments->format, {"text", "json"}, "text (the default) or json", "FORMAT");
     verb.addOption("-o,--output", &arguments->output, "Write the report to this file", "FILE");
-    addPipeOption(&verb, &arguments->pipe);
+    addPipeOption(&verb, &arguments->pipe, "Show only the pipe with this index, counted from 0");
     addNodeClassOptions(&verb, &arguments->nodeClasses);
-    verb.addFlag("--classes", &arguments->listClasses, "List the node classes, and do no more");
+    verb.addFlag("--classes", &arguments->listClasses, "List the registered node classes and exit");
     verb.excludeEachOther("--classes", "FILE");
     verb.addChoice("--color",
                    &arguments->colour,
                    {"auto", "always", "never"},
                    "auto (the default), always or never",
                    "WHEN");
-    verb.addCount("-v,--verbose",
-                  &arguments->verbosity,
-                  "Show errors of the parser and of node classes; -vv: all records");
-    verb.addFlag("-q,--quiet", &arguments->quiet, "Nothing on standard error but errors");
-    verb.setWork([arguments, code, verb] {
+    verb.addCount(
+        "-v,--verbose", &arguments->verbosity, "Also print errors and failures; -vv: all records");
+    verb.addFlag("-q,--quiet", &arguments->quiet, "Print only errors on standard error");
+    verb.setAction([arguments, code, verb] {
         if (!verb.isGiven("FILE") && !arguments->listClasses) {
             throw UsageError("FILE is required");
         }

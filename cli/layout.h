@@ -1,4 +1,4 @@
-// Layouts by the program "dot" of Graphviz.
+// Lays out a graph with the program "dot" of Graphviz.
 #ifndef QVGRAPH_CLI_LAYOUT_H_
 #define QVGRAPH_CLI_LAYOUT_H_
 
@@ -8,14 +8,14 @@
 namespace qvgraph {
 
 struct LayoutRequest {
-    std::string graph;   // for Graphviz
+    std::string graph;   // in the DOT language
     std::string format;  // "svg" or "png"
     std::chrono::seconds timeLimit = std::chrono::seconds(60);
     bool showProgress = true;  // on a terminal
 };
 
-// The picture of a graph. Throws FileError where the program is missing, fails,
-// takes too long or makes something else than a picture.
+// Returns the picture of a graph. Throws FileError if the program is missing, fails,
+// takes too long or does not write a picture.
 std::string layOut(const LayoutRequest& request);
 
 }  // namespace qvgraph

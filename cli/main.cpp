@@ -22,14 +22,14 @@ namespace {
 using qvgraph::ExitCode;
 
 const char* const DESCRIPTION =
-    "Graph configurations of stream-processing pipes, on the desk.\n"
+    "Inspect, check and draw graph configurations.\n"
     "\n"
     "Examples:\n"
-    "  qvgraph inspect pipes.json        what a framework makes of a configuration\n"
-    "  qvgraph check pipes.json          every mistake in it, with its place\n"
-    "  qvgraph draw -o a.svg pipes.json  a picture of it\n"
-    "  qvgraph explain no-producer       what a finding means, and how to mend it\n"
-    "  qvgraph inspect --help            every option of a verb\n";
+    "  qvgraph inspect pipes.json        show how the framework interprets it\n"
+    "  qvgraph check pipes.json          find the mistakes in it\n"
+    "  qvgraph draw -o a.svg pipes.json  draw its nodes and streams\n"
+    "  qvgraph explain no-producer       explain a finding and its fix\n"
+    "  qvgraph inspect --help            show the options of a verb\n";
 
 // Lists each verb by the first line of its description.
 class HelpFormatter : public CLI::Formatter {
@@ -50,7 +50,7 @@ public:
     }
 };
 
-// The command, and the libraries that are a part of it.
+// The versions of the command and of the libraries that it contains.
 std::string versions() {
     std::ostringstream text;
     text << "qvgraph " QVGRAPH_VERSION "\n"
@@ -60,7 +60,7 @@ std::string versions() {
     return text.str();
 }
 
-// What is wrong with the arguments, and where help is.
+// What is wrong with the arguments, and which help to read.
 std::string explain(const CLI::App& app, const std::exception& error) {
     const auto verbs = app.get_subcommands();
     if (!verbs.empty()) {
@@ -77,7 +77,9 @@ std::string explain(const CLI::App& app, const std::exception& error) {
 
 ExitCode run(int argc, char** argv) {
     CLI::App app(DESCRIPTION, "qvgraph");
-    app.set_version_flag("--version", versions());
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.set_version_flag(
+        "--version", versions(), "Print the versions of command and libraries and exit");
     app.require_subcommand(1);
     app.formatter(std::make_shared<HelpFormatter>());
     ExitCode code = ExitCode::Clean;
@@ -91,13 +93,13 @@ ExitCode run(int argc, char** argv) {
     } catch (const CLI::Success& success) {  // --help and --version
         return app.exit(success) == 0 ? ExitCode::Clean : ExitCode::Failed;
     } catch (const CLI::ParseError& error) {
-        qvgraph::complain(explain(app, error));
+        qvgraph::printMessage(explain(app, error));
         return ExitCode::Failed;
     } catch (const qvgraph::UsageError& error) {
-        qvgraph::complain(explain(app, error));
+        qvgraph::printMessage(explain(app, error));
         return ExitCode::Failed;
     } catch (const qvgraph::FileError& error) {
-        qvgraph::complain(error.what());
+        qvgraph::printMessage(error.what());
         return ExitCode::Failed;
     }
     return code;

@@ -7,10 +7,13 @@
 namespace qvgraph {
 
 void addNodeClassOptions(Verb* verb, NodeClassArguments* arguments) {
-    verb->addList(
-        "--plugin", &arguments->plugins, "A shared library with node classes; repeatable", "LIB");
-    verb->addFlag("--stub", &arguments->stub, "Have stubs for unknown classes; the default");
-    verb->addFlag("--no-stub", &arguments->noStub, "Have none: no nodes of unknown classes");
+    verb->addList("--plugin",
+                  &arguments->plugins,
+                  "Load node classes from this shared library; repeatable",
+                  "LIB");
+    verb->addFlag("--stub", &arguments->stub, "Use stubs for unregistered classes; the default");
+    verb->addFlag(
+        "--no-stub", &arguments->noStub, "Use no stubs: nodes of such classes are not created");
     verb->excludeEachOther("--no-stub", "--stub");
 }
 

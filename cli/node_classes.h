@@ -1,4 +1,4 @@
-// The node classes that a verb sets nodes up with.
+// Provides the node classes with which a verb sets up nodes.
 #ifndef QVGRAPH_CLI_NODE_CLASSES_H_
 #define QVGRAPH_CLI_NODE_CLASSES_H_
 
@@ -11,16 +11,16 @@ namespace qvgraph {
 
 struct NodeClassArguments {
     std::vector<std::string> plugins;  // shared libraries, in order
-    bool stub = false;                 // the default, said outright
-    bool noStub = false;               // nothing stands in for unknown classes
+    bool stub = false;                 // explicitly request the default
+    bool noStub = false;               // use no stubs for unregistered classes
 };
 
 // Adds --plugin, --stub and --no-stub to a verb. `arguments` must outlive the
 // parsing.
 void addNodeClassOptions(Verb* verb, NodeClassArguments* arguments);
 
-// Loads the libraries and provides the stub. Throws FileError for a library
-// that cannot be loaded.
+// Loads the libraries, and enables or disables the stub. Throws FileError if a library
+// cannot be loaded.
 void provideNodeClasses(const NodeClassArguments& arguments);
 
 }  // namespace qvgraph

@@ -1,4 +1,4 @@
-// Numbers as arguments.
+// Parses numbers in arguments.
 #ifndef QVGRAPH_CLI_NUMBER_H_
 #define QVGRAPH_CLI_NUMBER_H_
 
@@ -9,15 +9,14 @@
 
 namespace qvgraph {
 
-// The number in an argument, from `least` to `most`; nothing when there is none
-// or anything else besides.
-inline std::optional<int> numberIn(const std::string& text, int least, int most) {
+// The number that `text` consists of; none if `text` contains anything else or the
+// number is not from `min` to `max`.
+inline std::optional<int> numberIn(const std::string& text, int min, int max) {
     int number = 0;
     const char* const end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, number);
     const bool isNumber = error == std::errc() && rest == end;
-    return isNumber && number >= least && number <= most ? std::optional<int>(number)
-                                                         : std::nullopt;
+    return isNumber && number >= min && number <= max ? std::optional<int>(number) : std::nullopt;
 }
 
 }  // namespace qvgraph

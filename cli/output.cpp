@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Writes everything to a descriptor. Returns 0 or what went wrong.
+// Writes all of the text to a descriptor. Returns 0 or an errno value.
 int writeAll(int descriptor, const std::string& text) {
     size_t done = 0;
     while (done < text.size()) {
@@ -31,7 +31,7 @@ int writeAll(int descriptor, const std::string& text) {
     return 0;
 }
 
-// The permissions of a file that is replaced, or those of a new one.
+// The permissions of an existing file, or those of a new one.
 mode_t modeOf(const fs::path& path) {
     struct stat status = {};
     if (stat(path.c_str(), &status) == 0) {
@@ -42,18 +42,18 @@ mode_t modeOf(const fs::path& path) {
     return 0666 & ~mask;
 }
 
-// Where a symbolic link leads in the end; any other path as it is.
+// The target of a chain of symbolic links; any other path unchanged.
 fs::path followLinks(fs::path path) {
-    const int mostLinks = 40;
+    const int maxLinks = 40;
     std::error_code ignored;
-    for (int i = 0; i < mostLinks && fs::is_symlink(path, ignored); ++i) {
+    for (int i = 0; i < maxLinks && fs::is_symlink(path, ignored); ++i) {
         path = path.parent_path() / fs::read_symlink(path, ignored);
     }
     return path;
 }
 
-// Writes a new file beside the target and puts it in its place. Returns 0 or
-// what went wrong.
+// Writes a new file next to the target and renames it to the target. Returns 0 or an
+// errno value.
 int replaceFile(const fs::path& target, const std::string& report) {
     std::error_code ignored;
     if (fs::exists(target, ignored) && access(target.c_str(), W_OK) != 0) {
@@ -80,7 +80,7 @@ int replaceFile(const fs::path& target, const std::string& report) {
     return error;
 }
 
-// Devices and pipes are written to as they are. Returns 0 or what went wrong.
+// Writes to a device or pipe directly. Returns 0 or an errno value.
 int writeInPlace(const std::string& path, const std::string& report) {
     const int descriptor = open(path.c_str(), O_WRONLY | O_CLOEXEC);
     if (descriptor < 0) {
@@ -91,7 +91,8 @@ int writeInPlace(const std::string& path, const std::string& report) {
     return error;
 }
 
-// A symbolic link stays, and the file that it leads to is replaced.
+// Keeps a symbolic link, and replaces the file that it points to. Returns 0 or an errno
+// value.
 int writeFile(const std::string& path, const std::string& report) {
     std::error_code ignored;
     const fs::file_status status = fs::status(path, ignored);

@@ -1,22 +1,28 @@
 #include "cli/pipe_argument.h"
 
 #include <limits>
-#include <string>
 
 #include "cli/number.h"
 
 namespace qvgraph {
 
-void addPipeOption(Verb* verb, std::optional<int>* pipe) {
+namespace {
+
+const int MAX_INDEX = std::numeric_limits<int>::max();
+
+}  // namespace
+
+void addPipeOption(Verb* verb, std::optional<int>* pipe, const std::string& description) {
     verb->addParsed(
         "--pipe",
         [pipe](const std::string& text) {
-            *pipe = numberIn(text, 0, std::numeric_limits<int>::max());
+            *pipe = numberIn(text, 0, MAX_INDEX);
             if (!*pipe) {
-                throw UsageError("--pipe: '" + text + "' is no index from 0");
+                throw UsageError("--pipe: '" + text + "' is not a whole number from 0 to " +
+                                 std::to_string(MAX_INDEX));
             }
         },
-        "Only the pipe with this index, from 0",
+        description,
         "N");
 }
 

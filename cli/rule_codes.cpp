@@ -2,29 +2,19 @@
 
 #include <algorithm>
 
-#include "check/words.h"
+#include "check/rules.h"
+#include "check/similar.h"
 #include "cli/verb.h"
+#include "survey/words.h"
 
 namespace qvgraph {
-
-namespace {
-
-std::string nearestCode(const std::string& code) {
-    std::vector<std::string> known;
-    for (const Rule& rule : rules()) {
-        known.emplace_back(rule.code);
-    }
-    return nearestTo(code, known);
-}
-
-}  // namespace
 
 const Rule& ruleOf(const std::string& argument, const std::string& code) {
     const Rule* rule = findRule(code);
     if (rule == nullptr) {
-        const std::string nearest = nearestCode(code);
-        const std::string advice = nearest.empty() ? "qvgraph explain lists the rules"
-                                                   : "is " + quoted(nearest) + " meant?";
+        const std::string nearest = nearestTo(code, ruleCodes());
+        const std::string advice = nearest.empty() ? "run qvgraph explain to list the rules"
+                                                   : "did you mean " + quoted(nearest) + "?";
         throw UsageError(argument + ": there is no rule " + quoted(code) + "; " + advice);
     }
     return *rule;

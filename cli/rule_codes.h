@@ -1,4 +1,4 @@
-// Codes of rules as arguments.
+// Looks up rules by the codes in arguments.
 #ifndef QVGRAPH_CLI_RULE_CODES_H_
 #define QVGRAPH_CLI_RULE_CODES_H_
 
@@ -11,13 +11,13 @@
 
 namespace qvgraph {
 
-// The rule of a code. Throws UsageError for one that there is not,
-// naming `argument` and the nearest code.
+// The rule with this code. If there is none, throws UsageError, which names `argument`
+// and the nearest code.
 const Rule& ruleOf(const std::string& argument, const std::string& code);
 
 using Codes = std::set<std::string, std::less<>>;
 
-// The codes in values such as "no-producer,cycle". Throws as ruleOf() does.
+// The codes in values such as "no-producer,cycle". Throws like ruleOf().
 Codes codesIn(const std::string& argument, const std::vector<std::string>& values);
 
 }  // namespace qvgraph

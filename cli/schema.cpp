@@ -11,15 +11,17 @@ namespace qvgraph {
 namespace {
 
 const char* const DESCRIPTION =
-    "Print the JSON Schema of a configuration, for editors.\n"
+    "Print the JSON Schema of a configuration.\n"
     "\n"
     "Examples:\n"
-    "  qvgraph schema -o graph.schema.json     the schema (draft-07) as a file\n"
+    "  qvgraph schema -o graph.schema.json    write the schema (draft-07) to a file\n"
     "\n"
-    "A configuration cannot name its schema: every member of its root counts as a\n"
-    "pipe. Tell the editor which files the schema is for.\n"
+    "With the schema, an editor completes keys and describes them. A configuration\n"
+    "cannot name its schema, because every member of its root is treated as a pipe:\n"
+    "set the files that the schema applies to in the editor.\n"
     "\n"
-    "Exit codes: 0; 2 for wrong usage, or a file that cannot be written.\n";
+    "Exit codes: 0 the schema is written; 2 wrong usage, or a file that cannot be\n"
+    "written.\n";
 
 }  // namespace
 
@@ -27,7 +29,7 @@ void addSchema(CLI::App* app, ExitCode* code) {
     auto output = std::make_shared<std::string>();
     Verb verb(app, "schema", DESCRIPTION);
     verb.addOption("-o,--output", output.get(), "Write the schema to this file", "FILE");
-    verb.setWork([output, code] {
+    verb.setAction([output, code] {
         writeOutput(*output, graphSchema());
         *code = ExitCode::Clean;
     });

@@ -1,4 +1,4 @@
-// The verb "schema".
+// qvgraph schema: prints the JSON Schema of a configuration.
 #ifndef QVGRAPH_CLI_SCHEMA_H_
 #define QVGRAPH_CLI_SCHEMA_H_
 
@@ -7,8 +7,9 @@
 
 namespace qvgraph {
 
-// Adds the verb to `app`; as it runs, it puts its result into `code`. Both must
-// outlive the parsing.
+// Adds the verb to the command. If the arguments contain the verb, parsing them runs
+// it and stores its exit code in `*code`. `code` must outlive the parsing. The verb
+// throws FileError.
 void addSchema(CLI::App* app, ExitCode* code);
 
 }  // namespace qvgraph

@@ -30,7 +30,7 @@ bool usesColour(std::string_view when, int descriptor) {
     return isatty(descriptor) != 0 && !isSet("NO_COLOR") && !isDumb();
 }
 
-void complain(const std::string& message) {
+void printMessage(const std::string& message) {
     std::cerr << "qvgraph: " << printable(message) << std::endl;
 }
 

@@ -1,4 +1,4 @@
-// What the command shows on a terminal, and in which colour.
+// Messages, progress and colour on a terminal.
 #ifndef QVGRAPH_CLI_TERMINAL_H_
 #define QVGRAPH_CLI_TERMINAL_H_
 
@@ -9,26 +9,25 @@
 
 namespace qvgraph {
 
-// Whether what goes to the file descriptor is to be in colour. `when` is
-// "always", "never" or "auto": on a terminal that knows colours, unless
-// NO_COLOR is set and not empty.
+// Whether output to the file descriptor is in colour. `when` is "always", "never" or
+// "auto": on a terminal that supports colour, unless NO_COLOR is set and not empty.
 bool usesColour(std::string_view when, int descriptor);
 
 // Writes "qvgraph: " and the message to standard error, as one line.
-void complain(const std::string& message);
+void printMessage(const std::string& message);
 
-// Tells on standard error how far something long has come, after its first
-// second; only where that is a terminal.
+// Shows the progress of a long operation on standard error, after its first second.
+// Shows nothing if standard error is not a terminal.
 class Progress {
 public:
     explicit Progress(bool enabled);
     ~Progress();
 
-    // Stands for its scope, at whose end its line is gone.
+    // Not copyable: its destructor removes the line.
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    // "pipe 12 of 20000"
+    // Shows "pipe 12 of 20000".
     void show(const char* thing, size_t done, size_t total);
 
 private:

@@ -6,7 +6,7 @@ namespace qvgraph {
 
 namespace {
 
-// Instead of what CLI11 would say of the option's type and limits.
+// Suppresses the description of the option's type and limits that CLI11 adds.
 const char* const NOTHING = " ";
 
 }  // namespace
@@ -55,10 +55,10 @@ void Verb::addList(const std::string& name,
 }
 
 void Verb::addParsed(const std::string& name,
-                     const std::function<void(const std::string&)>& read,
+                     const std::function<void(const std::string&)>& parse,
                      const std::string& description,
                      const std::string& placeholder) {
-    mVerb->add_option_function<std::string>(name, read, description)
+    mVerb->add_option_function<std::string>(name, parse, description)
         ->type_name(placeholder)
         ->option_text(placeholder);
 }
@@ -84,8 +84,8 @@ bool Verb::isGiven(const std::string& name) const {
     return mVerb->get_option(name)->count() > 0;
 }
 
-void Verb::setWork(const std::function<void()>& work) {
-    mVerb->callback(work);
+void Verb::setAction(const std::function<void()>& action) {
+    mVerb->callback(action);
 }
 
 }  // namespace qvgraph

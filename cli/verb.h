@@ -1,7 +1,7 @@
-// A verb of the command: what it takes, and what it does.
+// A verb of the command: its arguments and its action.
 //
-// CLI11 stands behind it. Its header costs every file that includes it many
-// seconds of compilation, so that only verb.cpp and main.cpp do.
+// It is implemented with CLI11, whose header takes many seconds to compile: only
+// verb.cpp and main.cpp include it.
 #ifndef QVGRAPH_CLI_VERB_H_
 #define QVGRAPH_CLI_VERB_H_
 
@@ -16,24 +16,24 @@ class App;
 
 namespace qvgraph {
 
-// Arguments that make no sense. what() says why, naming the argument.
+// Invalid arguments. what() names the argument and says what is wrong.
 class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-// Names are as CLI11 has them: "-o,--output" for an option, "FILE" for an
-// argument that stands by itself. What values go to must outlive the parsing. The
-// placeholder is what the help shows for a value.
+// Names have the form that CLI11 expects: "-o,--output" for an option, "FILE" for a
+// positional argument. Pointers to values must outlive the parsing. The help shows the
+// placeholder in place of a value.
 class Verb {
 public:
-    // Adds the verb to the command. The first line of the description is what
-    // the command's own help says of it.
+    // Adds the verb to the command. The command's own help shows the first line of the
+    // description.
     Verb(CLI::App* command, const std::string& name, const std::string& description);
 
     void addArgument(const std::string& name, std::string* value, const std::string& description);
 
-    // One or more.
+    // Accepts one or more values.
     void addArguments(const std::string& name,
                       std::vector<std::string>* values,
                       const std::string& description);
@@ -43,40 +43,40 @@ public:
                    const std::string& description,
                    const std::string& placeholder);
 
-    // Takes one of `choices`, and nothing else.
+    // Accepts only one of `choices`.
     void addChoice(const std::string& name,
                    std::string* value,
                    const std::vector<std::string>& choices,
                    const std::string& description,
                    const std::string& placeholder);
 
-    // May be given again and again, with one value each time.
+    // Can be repeated, with one value each time.
     void addList(const std::string& name,
                  std::vector<std::string>* values,
                  const std::string& description,
                  const std::string& placeholder);
 
-    // Calls `read` with the value, which throws UsageError where it is none.
+    // Passes the value to `parse`. It throws UsageError if the value is invalid.
     void addParsed(const std::string& name,
-                   const std::function<void(const std::string&)>& read,
+                   const std::function<void(const std::string&)>& parse,
                    const std::string& description,
                    const std::string& placeholder);
 
     void addFlag(const std::string& name, bool* flag, const std::string& description);
 
-    // Counts how often it is given.
+    // Counts how often the option appears.
     void addCount(const std::string& name, int* count, const std::string& description);
 
-    // What has been added before:
+    // REQUIRES: the following functions name options that have been added.
     void require(const std::string& name);
     void excludeEachOther(const std::string& name, const std::string& other);
     bool isGiven(const std::string& name) const;
 
-    // What the verb does, once all arguments are read.
-    void setWork(const std::function<void()>& work);
+    // Sets the action, which runs after all arguments have been parsed.
+    void setAction(const std::function<void()>& action);
 
 private:
-    CLI::App* mVerb;  // the command's
+    CLI::App* mVerb;  // owned by the command
 };
 
 }  // namespace qvgraph

@@ -1,5 +1,5 @@
-# Builds for 32-bit ARM Linux with hardware floating point, with Debian's cross
-# compiler; programs run under qemu's user emulation.
+# A toolchain file for 32-bit ARM Linux with hardware floating point: Debian's
+# cross compiler, and qemu's user-mode emulator to run programs.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR armv7l)
 set(CMAKE_C_COMPILER arm-linux-gnueabihf-gcc)

@@ -1,24 +1,25 @@
-# What is installed, in three components: "dev", the libraries with headers and
-# what CMake and pkg-config read; "runtime", libraries that are shared; "tools",
-# the command with its schema, manual and completions.
+# Install rules, in three components: "dev", libraries, headers, and the files for
+# CMake and pkg-config; "runtime", shared libraries; "tools", the command with its
+# schema, manual and completions.
 #
-# qvgraph_install(TARGET SYMBOLS): installs a library with its headers and
-# exports it under the namespace qvgraph::. Where it is a shared one, it is named
-# by the version, and SYMBOLS, a linker's version script, says what it shows.
-# qvgraph_install_pkg_config(NAME DESCRIPTION REQUIRES LIBS): NAME.pc.
-# qvgraph_install_package(): what find_package(qvgraph CONFIG) reads.
+# qvgraph_install(TARGET SYMBOLS): installs a library with its headers and exports
+# it in the namespace qvgraph::. The name of a shared library contains the
+# version; SYMBOLS is a linker version script with its exported symbols.
+# qvgraph_install_pkg_config(NAME DESCRIPTION REQUIRES LIBS): installs NAME.pc.
+# qvgraph_install_package(): installs the files that find_package(qvgraph CONFIG)
+# reads, and the component "tools" except the command.
 
 if(QVGRAPH_INSTALL AND NOT json11_FOUND)
-    message(STATUS "qvgraph: json11 is no installed package here, so there are no install rules")
+    message(STATUS "qvgraph: no install rules, because json11 is not an installed package")
     set(QVGRAPH_INSTALL OFF)
 endif()
 set(QVGRAPH_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/qvgraph)
 set(QVGRAPH_PKG_CONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 set(QVGRAPH_ZSH_DIR ${CMAKE_INSTALL_DATADIR}/zsh/site-functions CACHE STRING
-    "Where completions for zsh are installed; in Debian's packages, share/zsh/vendor-completions")
+    "Directory of the zsh completions; share/zsh/vendor-completions in Debian packages")
 
-# Below 1.0, a minor version may change what a program was linked with.
+# Below 1.0, a minor version may change the binary interface.
 set(QVGRAPH_SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 
 function(qvgraph_install target)
@@ -42,7 +43,7 @@ endfunction()
 
 function(qvgraph_install_pkg_config NAME DESCRIPTION REQUIRES LIBS)
     if(QVGRAPH_INSTALL)
-        # From the file's own folder, so that the whole may be moved.
+        # Relative to the .pc file, so that the installation can be moved.
         file(RELATIVE_PATH PREFIX
             ${CMAKE_INSTALL_PREFIX}/${QVGRAPH_PKG_CONFIG_DIR} ${CMAKE_INSTALL_PREFIX})
         string(REGEX REPLACE "/$" "" PREFIX ${PREFIX})

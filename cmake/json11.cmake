@@ -1,8 +1,7 @@
-# json11, as the target in QVGRAPH_JSON11.
+# Finds json11, or fetches its source if no package is installed. Sets
+# QVGRAPH_JSON11 to its target and QVGRAPH_JSON11_VERSION to its version.
 #
-# An installed package comes first; without one the upstream source is fetched,
-# where a network allows it. Debian's package has no version file, so none is
-# asked for.
+# No version is requested, because Debian's package has no version file.
 include(FetchContent)
 FetchContent_Declare(json11
     GIT_REPOSITORY https://github.com/dropbox/json11.git
@@ -11,22 +10,22 @@ FetchContent_Declare(json11
 set(JSON11_BUILD_TESTS OFF)
 FetchContent_MakeAvailable(json11)
 
-# Debian 12 has no runtime package that a program could depend on: take the
-# static library where there is a choice.
+# Prefer the static library: Debian 12 has no package with the shared one that a
+# program's package could depend on.
 if(TARGET json11_static)
     set(QVGRAPH_JSON11 json11_static)
 else()
     set(QVGRAPH_JSON11 json11)
 endif()
 
-# Its version, which neither its header nor its CMake package tells: what is
-# fetched is as said above, and an installed one has a file of pkg-config's.
+# Neither the header nor the CMake package contains the version. An installed
+# json11 has it in its pkg-config file; the fetched one is 1.0.0.
 set(QVGRAPH_JSON11_VERSION "1.0.0")
 if(json11_FOUND)
     set(QVGRAPH_JSON11_VERSION "of an unknown version")
-    set(described_by ${json11_DIR}/../../pkgconfig/json11.pc)
-    if(EXISTS ${described_by})
-        file(STRINGS ${described_by} version REGEX "^Version: ")
+    set(pkg_config_file ${json11_DIR}/../../pkgconfig/json11.pc)
+    if(EXISTS ${pkg_config_file})
+        file(STRINGS ${pkg_config_file} version REGEX "^Version: ")
         string(REGEX REPLACE "^Version: " "" QVGRAPH_JSON11_VERSION "${version}")
     endif()
 endif()

@@ -1,5 +1,5 @@
-# What Debian has otherwise than it is installed: manual pages are compressed, and
-# static libraries have no debugging information. Run by CPack.
+# CPack runs this script on the files of a package. As Debian requires, it
+# compresses manual pages and strips debugging information from static libraries.
 file(GLOB_RECURSE pages ${CPACK_TEMPORARY_DIRECTORY}/qvgraph*.[1-9])
 foreach(page ${pages})
     execute_process(COMMAND gzip -9n ${page} COMMAND_ERROR_IS_FATAL ANY)

@@ -1,13 +1,13 @@
-# Debian packages, by "cpack" in the build's folder: libqvgraph-dev, the libraries
-# for those who build with them, and qvgraph, the command. scripts/package builds,
-# checks and tries them.
+# Debian packages, built by "cpack" in the build directory: libqvgraph-dev has the
+# libraries and headers, qvgraph the command. scripts/package builds, checks and
+# tests them.
 find_program(QVGRAPH_GZIP gzip)
 if(NOT PROJECT_IS_TOP_LEVEL OR NOT QVGRAPH_INSTALL OR NOT QVGRAPH_BUILD_TOOLS OR BUILD_SHARED_LIBS
         OR NOT QVGRAPH_GZIP)
     return()
 endif()
 
-# What Debian wants every package to say.
+# Changelog and copyright, which Debian requires in every package.
 set(notes ${PROJECT_SOURCE_DIR}/packaging/debian)
 configure_file(${notes}/changelog.in changelog.Debian @ONLY)
 execute_process(COMMAND ${QVGRAPH_GZIP} -9nkf changelog.Debian WORKING_DIRECTORY ${PROJECT_BINARY_DIR})
@@ -38,29 +38,34 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
+# The first line of each description is its synopsis. By default, CPack puts the
+# project's description before it.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+
 set(CPACK_DEBIAN_DEV_PACKAGE_NAME libqvgraph-dev)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEV_PACKAGE_RECOMMENDS "libjson11-1-dev, pkg-config")
-set(CPACK_DEBIAN_DEV_DESCRIPTION "graph-configuration parser, for those who build with it
-A stream-processing task graph is described in one JSON document. The library
-reads it, answers a framework's questions, fills option stores and sets task
-nodes up.
+set(CPACK_DEBIAN_DEV_DESCRIPTION "parser for task-graph configurations, development files
+A configuration describes a stream-processing task graph in one JSON document.
+The library loads it, answers the queries of a framework, fills option stores
+and sets up task nodes.
 
-This package has static libraries and headers: the parser, the contracts that
-it calls, and a framework for the desk that implements them. See README.Debian
-for json11, which programs that use the parser are linked with.")
+This package contains static libraries and headers: the parser, the contracts
+that it calls, and a host framework that implements them. README.Debian says
+where to get json11, which programs that use the parser link.")
 
 set(CPACK_DEBIAN_TOOLS_PACKAGE_NAME qvgraph)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS graphviz)
-set(CPACK_DEBIAN_TOOLS_DESCRIPTION "graph configurations: show, check and draw them
-A stream-processing task graph is described in one JSON document. The command
-qvgraph finds every mistake in it, with line and column, before a device has
-to abort on it, shows what a framework makes of it, and draws it.
+set(CPACK_DEBIAN_TOOLS_DESCRIPTION "inspector, checker and drawing tool for task-graph configurations
+A configuration describes a stream-processing task graph in one JSON document.
+The command qvgraph reports mistakes with line and column before a device
+aborts on them, shows how a framework interprets the configuration, and draws
+the graph.
 
-It comes with a manual, completions for bash and zsh, and a JSON Schema for
-editors.")
+The package contains manual pages, completions for bash and zsh, and a JSON
+Schema for editors.")
 
 include(CPack)
 cpack_add_component_group(dev)

@@ -1,7 +1,18 @@
-// A plugin for clang-tidy: its checks see this project's declarations alone.
+// A plugin that restricts clang-tidy's checks to this project's declarations.
 //
-// clang-tidy runs every check over the headers of the system as well, and
-// throws away what it finds there: twelve of thirteen seconds for a test.
+// clang-tidy 14 runs every check on system headers as well and then discards the
+// findings; no option prevents that. The plugin changes no result, only the time.
+// Processor time per file, with and without it:
+//
+//   render/draw_svg.cpp                0.6 s    2.6 s
+//   source/scanner.cpp                 1.9 s    5.5 s
+//   check/wires.cpp                    2.6 s    8.2 s
+//   cli/draw.cpp                       3.0 s   10.2 s
+//   tests/check/wiring_rules_test.cpp  2.7 s    9.8 s
+//
+// Extrapolated to all files, that is 4 minutes on two processors instead of 15.
+// Fewer checks do not help enough: the cost is spread evenly over them, and
+// parsing alone takes 2.9 s for the last file.
 
 #include <memory>
 #include <string>

@@ -1,15 +1,15 @@
-# Completion of the qvgraph command, for bash: verbs, options, their values,
-# rules as the command itself lists them, and files.
+# Completes the qvgraph command in bash: verbs, options and their values, rules as the
+# command lists them, and files.
 #
-# Source it, or put it where bash-completion looks, under the name "qvgraph".
+# Source this file, or install it as "qvgraph" in the directory of bash-completion.
 
-# _qvgraph_words CURRENT WORD...: those that CURRENT begins.
+# _qvgraph_words CURRENT WORD...: offers the words that start with CURRENT.
 _qvgraph_words() {
     mapfile -t COMPREPLY < <(compgen -W "${*:2}" -- "$1")
 }
 
-# _qvgraph_files CURRENT ENDING: files with that ending, and folders; where there
-# is none, any file.
+# _qvgraph_files CURRENT EXTENSION: offers files with that extension, and directories.
+# If there are none, offers all files.
 _qvgraph_files() {
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(
@@ -19,8 +19,7 @@ _qvgraph_files() {
     [ "${#COMPREPLY[@]}" -gt 0 ] || mapfile -t COMPREPLY < <(compgen -f -- "$1")
 }
 
-# _qvgraph_codes CURRENT: rules; CURRENT may be a list of them, whose last one is
-# completed.
+# _qvgraph_codes CURRENT: offers rules. If CURRENT is a list, completes its last item.
 _qvgraph_codes() {
     local command=${COMP_WORDS[0]/#\~\//"$HOME"/} before='' codes
     [[ $1 != *,* ]] || before=${1%,*},
@@ -28,7 +27,7 @@ _qvgraph_codes() {
     mapfile -t COMPREPLY < <(compgen -P "$before" -W "$codes" -- "${1##*,}")
 }
 
-# The verb in the words before the cursor, or nothing.
+# Prints the verb in the words before the cursor, if there is one.
 _qvgraph_verb() {
     local word
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
@@ -39,8 +38,8 @@ _qvgraph_verb() {
     done
 }
 
-# _qvgraph_value VERB OPTION CURRENT: the value of an option. Fails where that
-# takes none.
+# _qvgraph_value VERB OPTION CURRENT: offers values of an option. Fails if the option
+# has no value.
 _qvgraph_value() {
     case $1:$2 in
         check:--format) _qvgraph_words "$3" text gcc json sarif github ;;
@@ -58,6 +57,7 @@ _qvgraph_value() {
     esac
 }
 
+# _qvgraph_options CURRENT VERB: offers the options of a verb, or of the command.
 _qvgraph_options() {
     local classes="--plugin --stub --no-stub"
     case $2 in
@@ -74,7 +74,7 @@ _qvgraph() {
     local current=$2 option=$3 verb
     verb=$(_qvgraph_verb)
     COMPREPLY=()
-    # "--format=json" comes as three words.
+    # bash splits "--format=json" into three words.
     [[ $option != = ]] || option=${COMP_WORDS[COMP_CWORD - 2]}
     if _qvgraph_value "$verb" "$option" "$current"; then
         return

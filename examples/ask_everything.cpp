@@ -1,12 +1,12 @@
-// Asks the parser everything that it can answer about a configuration:
+// Calls every query of the parser on a configuration:
 //
 //   ask_everything door-camera.json
 //
-// It shows the queries in the order in which a framework needs them: pipes,
-// their threads and link modes, executors and links with their options, nodes
-// and the keys of their streams. Nothing is set up; own_node.cpp does that.
+// The queries appear in the order in which a framework needs them: pipes, their
+// threads and link modes, executors and links with their options, nodes and the
+// keys of their streams. No node is set up; for that, see own_node.cpp.
 //
-// The program ends with 0, or with 2 when there is no configuration to ask.
+// The program exits with 0, or with 2 if the configuration cannot be loaded.
 #include <cstdint>
 #include <iostream>
 #include <string>
@@ -31,7 +31,7 @@ void printValue(const QVHostMetaData::Value& value) {
     }
 }
 
-// What the parser has stored: typed values, in the order of their keys.
+// Prints what the parser has stored: typed values, in key order.
 void printOptions(const QVHostMetaData& options) {
     for (const auto& [key, value] : options.entries()) {
         std::cout << "      " << key << " = ";
@@ -42,7 +42,7 @@ void printOptions(const QVHostMetaData& options) {
 
 // ---- Executors and links ----------------------------------------------------
 
-// Queries take an index and return an id; the options are asked for by the id.
+// Queries take an index and return an id; option operations take the id.
 void printExecutors(const QVGraphParser& parser, int pipe) {
     const int number = parser.getExecNum(pipe);
     std::cout << "  executors: " << number << '\n';
@@ -69,7 +69,8 @@ void printLinks(const QVGraphParser& parser, int pipe) {
 
 // ---- Nodes ------------------------------------------------------------------
 
-// The keys of a family, in the order in which a node gets its streams.
+// Prints the keys of a family, in the order in which the parser assigns streams
+// to a node.
 void printFamily(const QVGraphParser& parser, const json11::Json& items, const std::string& tag) {
     const int number = parser.getItemNum(items, tag);
     for (int i = 0; i < number; ++i) {
@@ -92,10 +93,10 @@ void printNodes(const QVGraphParser& parser, int pipe) {
     }
 }
 
-// ---- The whole --------------------------------------------------------------
+// ---- The document -----------------------------------------------------------
 
-// The item functions answer for every object of the document, the root
-// included. An empty tag is the beginning of every key.
+// The item functions accept every object of the document, including the root.
+// Every key begins with the empty tag.
 void printRoot(const QVGraphParser& parser) {
     const json11::Json& root = parser.root();
     std::cout << "members of the root: " << parser.getItemNum(root, "") << '\n';
@@ -122,9 +123,9 @@ int main(int argc, char** argv) {
         return 2;
     }
     QVGraphParser parser;
-    // The parser has said why, on standard error: see host/qv_host_log.h.
+    // The parser logs the reason to standard error: see host/qv_host_log.h.
     if (parser.parseConfigFile(argv[1]) != 0) {
-        std::cerr << "ask_everything: " << argv[1] << " has no configuration to ask\n";
+        std::cerr << "ask_everything: " << argv[1] << " contains no configuration\n";
         return 2;
     }
     printRoot(parser);

@@ -1,4 +1,4 @@
-// A node class of one's own: mixes two streams into one.
+// A node class of your own: blends two streams into one.
 //
 //   "node_2": {
 //     "node_opts": {"node_name": "Blender", "ratio": "float:0.25"},
@@ -9,9 +9,9 @@
 //     }
 //   }
 //
-// A node class needs the contracts and host/qv_node_class.h, no library.
-// own_node.cpp builds this one into a program, own_plugin.cpp into a shared
-// library.
+// A node class needs only the headers of framework/ and host/qv_node_class.h, no
+// library. own_node.cpp builds this class into a program, own_plugin.cpp into a
+// shared library.
 #ifndef QVGRAPH_EXAMPLES_BLENDER_H_
 #define QVGRAPH_EXAMPLES_BLENDER_H_
 
@@ -21,7 +21,7 @@
 
 class Blender : public QVTaskNodeBase {
 public:
-    // Called once, when the options are stored and the streams are bound.
+    // Called once, after the options are stored and the streams are bound.
     int initialize(int /*nodeId*/,
                    _QVTaskNodeInfo* /*info*/,
                    const std::vector<QVInputStreamManager*>& inputs,
@@ -29,18 +29,18 @@ public:
         mFirst = inputs[0];
         mSecond = inputs[1];
         mOutput = outputs[0];
-        mOptions->findFloat("ratio", &mRatio);  // leaves it alone where there is none
+        mOptions->findFloat("ratio", &mRatio);  // unchanged if there is none
         return 0;
     }
 
-    // How much of the second stream there is in the mix, from 0 to 1. The
-    // option "ratio", a float; half of it without one.
+    // The share of the second stream, from 0 to 1: the float option "ratio", or
+    // 0.5 if it is missing.
     float ratio() const { return mRatio; }
 
-    // What the node makes of two pixels.
+    // Blends two pixel values.
     float blend(float first, float second) const { return first + mRatio * (second - first); }
 
-    // Its streams: null before initialize, the framework's afterwards.
+    // The node's streams: null before initialize; the framework owns them.
     const QVInputStreamManager* first() const { return mFirst; }
     const QVInputStreamManager* second() const { return mSecond; }
     const QVOutputStreamManager* output() const { return mOutput; }
@@ -52,8 +52,8 @@ private:
     QVOutputStreamManager* mOutput = nullptr;
 };
 
-// What a registry is told. Because the class has two inputs and one output
-// whatever a configuration declares, initialize finds as many.
+// Describes the class to a registry. The class always has two inputs and one
+// output, whatever a configuration declares, so initialize can rely on them.
 inline QVNodeClass blenderClass() {
     QVNodeClass blender;
     blender.name = "Blender";

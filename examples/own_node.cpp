@@ -1,14 +1,14 @@
-// Sets a configuration up with a node class of one's own:
+// Sets up a configuration with your own node class:
 //
 //   own_node blend.json
 //
-// It registers the class of blender.h, has the parser set every node up on the
-// framework for the desk, and prints what was wired. Stubs stand in for the
-// classes that the program does not have.
+// The program registers the class of blender.h, has the parser set up every node
+// in the host framework, and prints the wiring. Stubs stand in for the classes
+// that the program does not have.
 //
-// The program ends with 0; with 1 when a node is not ready, and with 2 when
-// there is no configuration. A stream without a name aborts it, as it aborts a
-// device; "qvgraph inspect" tells of such a stream without an abort.
+// The program exits with 0; with 1 if a node is not ready, and with 2 if the
+// configuration cannot be loaded. A stream without a name aborts it, as it
+// aborts a device; "qvgraph inspect" reports such a stream without an abort.
 #include <deque>
 #include <iostream>
 #include <stdexcept>
@@ -22,24 +22,25 @@
 
 namespace {
 
-// Sets one node up. Returns why it is not ready; nothing when it is.
+// Sets up one node. Returns why it is not ready; empty if it is.
 std::string setUp(
     const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* graph, QVNodeOwner* owner) {
     graph->beginNode(id);
     try {
         if (parser.initTaskNode(graph, pipe, id, owner->info()) != 0) {
-            return owner->info()->node == nullptr ? "no such class" : "no streams";
+            return owner->info()->node == nullptr ? "its class is not registered"
+                                                  : "it has no streams";
         }
     } catch (const std::logic_error&) {
-        return "a stream without a format";
+        return "a stream has no format";
     }
-    // A stream that the graph refuses is no failure to the parser.
-    return graph->refusal() ? "the stream '" + graph->refusal()->name + "' is refused" : "";
+    // The parser also returns 0 if the task graph refuses a stream.
+    return graph->refusal() ? "stream '" + graph->refusal()->name + "' is refused" : "";
 }
 
 void printBlender(const Blender& blender) {
-    std::cout << "    ratio " << blender.ratio() << ": of 0 and 100 it makes "
-              << blender.blend(0, 100) << ", as " << blender.output()->mStreamType << '\n';
+    std::cout << "    ratio " << blender.ratio() << ": blends 0 and 100 into "
+              << blender.blend(0, 100) << ", format " << blender.output()->mStreamType << '\n';
 }
 
 void printStream(const QVHostTaskGraph::Stream& stream) {
@@ -53,12 +54,12 @@ void printStream(const QVHostTaskGraph::Stream& stream) {
     std::cout << '\n';
 }
 
-// Sets the nodes of a pipe up and prints its wiring. Returns whether all of
-// them are ready.
+// Sets up the nodes of a pipe and prints its wiring. Returns whether all of them
+// are ready.
 bool setPipeUp(const QVGraphParser& parser, int pipe) {
     std::cout << "pipe " << pipe << '\n';
     QVHostTaskGraph graph;
-    std::deque<QVNodeOwner> owners;  // a node lives as long as its owner
+    std::deque<QVNodeOwner> owners;  // an owner deletes its node
     bool ready = true;
     for (int i = 0; i < parser.getNodeNum(pipe); ++i) {
         const int id = parser.getNodeIDByIndex(pipe, i);
@@ -89,9 +90,9 @@ int main(int argc, char** argv) {
     registry.setStub(true);
 
     QVGraphParser parser;
-    // The parser has said why, on standard error: see host/qv_host_log.h.
+    // The parser logs the reason to standard error: see host/qv_host_log.h.
     if (parser.parseConfigFile(argv[1]) != 0) {
-        std::cerr << "own_node: " << argv[1] << " has no configuration to set up\n";
+        std::cerr << "own_node: " << argv[1] << " contains no configuration\n";
         return 2;
     }
     bool ready = true;

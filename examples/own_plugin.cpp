@@ -2,8 +2,8 @@
 //
 //   qvgraph inspect --plugin ./libown_plugin.so blend.json
 //
-// The command then sets a real Blender up where it would have had a stub. The
-// library needs this one function, and links nothing of qvgraph's.
+// The command then sets up a real Blender instead of a stub. The library needs
+// only this one function, and links no library of qvgraph.
 #include "blender.h"
 
 int qvgraph_register_nodes(QVNodeClassRegistry* registry) {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "check/check.h"
+#include "check/rules.h"
 #include "fuzz/harness.h"
 #include "host/qv_host_task_node.h"
 #include "host/qv_node_registry.h"
@@ -63,9 +64,9 @@ public:
     }
 };
 
-template <class Node>
+template <class SurveyedNode>
 QVTaskNodeBase* create(const _QVNodeInfo* /*info*/) {
-    return new Node;
+    return new SurveyedNode;
 }
 
 QVTaskNodeBase* createNone(const _QVNodeInfo* /*info*/) {
@@ -83,19 +84,18 @@ bool registerClasses() {
 
 const bool registered = registerClasses();
 
-// Of all rules, whose texts would be most of the work, those that a report has
-// findings of.
-std::vector<qvgraph::Rule> rulesOf(const std::vector<qvgraph::Finding>& findings) {
-    std::vector<qvgraph::Rule> found;
+// Returns the rules that have findings. Rendering the descriptions of all rules
+// would take most of the time.
+std::vector<const qvgraph::Rule*> rulesOf(const std::vector<qvgraph::Finding>& findings) {
+    std::vector<const qvgraph::Rule*> found;
     std::copy_if(qvgraph::rules().begin(),
                  qvgraph::rules().end(),
                  std::back_inserter(found),
-                 [&findings](const qvgraph::Rule& rule) {
-                     return std::any_of(findings.begin(),
-                                        findings.end(),
-                                        [&rule](const qvgraph::Finding& finding) {
-                                            return finding.code == rule.code;
-                                        });
+                 [&findings](const qvgraph::Rule* rule) {
+                     return std::any_of(
+                         findings.begin(), findings.end(), [rule](const qvgraph::Finding& finding) {
+                             return finding.code == rule->code;
+                         });
                  });
     return found;
 }
@@ -114,8 +114,8 @@ void look(const std::ostringstream& report) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string text(data, data + size);
     QVNodeRegistry::instance().setStub(text.find("no stub") == std::string::npos);
-    const std::vector<qvgraph::CheckedFile> files = {
-        qvgraph::checkConfiguration("fuzz.json", text, {})};
+    std::vector<qvgraph::CheckedFile> files;
+    files.push_back(qvgraph::checkConfiguration("fuzz.json", text, {}));
 
     std::ostringstream findings;
     qvgraph::renderCheckText(findings, files, false);
@@ -130,8 +130,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     };
     qvgraph::SurveyRequest request;
     request.records = {QV_LOG_INFO, lookAtRecord};
-    const qvgraph::SurveyedText surveyed = qvgraph::surveyText(text, request);
-    require(surveyed.loads == files[0].loads, "loaded by one and not by the other");
+    const qvgraph::SurveyedText surveyed = qvgraph::surveyText(text.c_str(), request);
+    require(surveyed.loads == files[0].model.loads(),
+            "check and survey disagree on whether the text loads");
     if (surveyed.loads) {
         std::ostringstream graph;
         qvgraph::renderInspectText(graph, "fuzz.json", surveyed.survey, false);

@@ -17,13 +17,14 @@ struct Counts {
 
     ~Counts() {
         if (calls + assertions + missingFormats == 0) {
-            return;  // a target that calls no parser
+            return;  // the target does not call the parser
         }
-        fprintf(stderr,
-                "%lu calls returned; %lu would have aborted, %lu threw for want of a format\n",
-                calls,
-                assertions,
-                missingFormats);
+        fprintf(
+            stderr,
+            "%lu calls returned; %lu would have aborted, %lu threw because of a missing format\n",
+            calls,
+            assertions,
+            missingFormats);
     }
 };
 
@@ -40,7 +41,7 @@ void look(const QVLogRecord& record) {
 
 void require(bool condition, const char* what) {
     if (!condition) {
-        fprintf(stderr, "not as it has to be: %s\n", what);
+        fprintf(stderr, "fuzz target: %s\n", what);
         abort();
     }
 }
@@ -49,9 +50,9 @@ void requireHarmless(const std::string& line) {
     unsigned before = 0;
     for (const char character : line) {
         const unsigned c = static_cast<unsigned char>(character);
-        require(c >= 0x20 && c != 0x7f, "a record with a control character");
+        require(c >= 0x20 && c != 0x7f, "a line contains a control character");
         // U+0080 to U+009F, in UTF-8.
-        require(before != 0xc2 || c >= 0xa0, "a record with a C1 control character");
+        require(before != 0xc2 || c >= 0xa0, "a line contains a C1 control character");
         before = c;
     }
 }
@@ -67,7 +68,7 @@ void run(const std::function<void()>& call) {
     } catch (const std::logic_error& error) {
         require(typeid(error) == typeid(std::logic_error) &&
                     strcmp(error.what(), "basic_string::_M_construct null not valid") == 0,
-                "another exception than that of a missing format");
+                "the exception is not that of a missing format");
         ++counts.missingFormats;
     }
 }

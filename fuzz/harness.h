@@ -1,9 +1,9 @@
-// What the fuzz targets share: the desk's logger with a sink that looks at
-// every line, and a count of what the parser did.
+// Shared by the fuzz targets: the host framework's logger with a sink that checks
+// every line, and statistics of the parser's results.
 //
-// A target looks for what the parser may never do. What it is meant to do with
-// a configuration that is wrong, a failed assertion and the exception of a
-// stream without a format, is counted and no finding.
+// A target looks for behaviour that the parser must never show. A failed
+// assertion and the exception of a stream without a format are the documented
+// results of a faulty configuration: they are counted but are not findings.
 #ifndef QVGRAPH_FUZZ_HARNESS_H_
 #define QVGRAPH_FUZZ_HARNESS_H_
 
@@ -16,16 +16,16 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size);
 
-// Ends the process with a message, as a finding, where `condition` does not
-// hold.
+// If `condition` is false, prints `what` and aborts the process, which the fuzzer
+// reports as a finding.
 void require(bool condition, const char* what);
 
-// Requires that `line` has no control character, and so can neither add lines
-// nor steer a terminal.
+// Requires that `line` contains no control character, so that it can neither add
+// lines nor control a terminal.
 void requireHarmless(const std::string& line);
 
-// While it exists, all records are made into lines and looked at, and a failed
-// assertion leaves the parser.
+// While it exists, every record is formatted as a line and checked, and a failed
+// assertion throws out of the parser.
 class FuzzLog {
 public:
     FuzzLog();
@@ -34,8 +34,8 @@ private:
     QVLogScope scope;
 };
 
-// Runs one call of the parser. The counts are printed at the end of the
-// process.
+// Runs one call of the parser and counts its result. The process prints the
+// counts when it ends.
 void run(const std::function<void()>& call);
 
 #endif  // QVGRAPH_FUZZ_HARNESS_H_

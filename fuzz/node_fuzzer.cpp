@@ -1,10 +1,10 @@
-// The set-up of a node, on a framework that behaves as the input says:
+// The set-up of a node in a framework whose behaviour the input selects:
 //
-//   byte 0  number of input managers, modulo 4
-//   byte 1  number of output managers, modulo 4
-//   byte 2  how the framework behaves, one bit each: see Behaviour
-//   byte 3  which stream the graph refuses, counted from 1, modulo 8; 0: none
-//   behind  the node, as JSON
+//   byte 0    number of input managers, modulo 4
+//   byte 1    number of output managers, modulo 4
+//   byte 2    behaviour of the framework, as bits: see Behaviour
+//   byte 3    the stream that the graph refuses, from 1, modulo 8; 0: none
+//   the rest  the node, as JSON
 #include <deque>
 #include <string>
 #include <vector>
@@ -17,9 +17,9 @@ namespace {
 
 enum Behaviour : unsigned {
     CREATES_NO_NODE = 1,    // the proxy
-    KEEPS_THE_FIRST = 2,    // the store, of two values for one key
-    FINDS_NUMBERS_TOO = 4,  // the store: finds nothing, but leaves a valid string
-    RETURNS_ERRORS = 8,     // whatever has a result that is ignored
+    KEEPS_THE_FIRST = 2,    // the store keeps the first of two values for one key
+    FINDS_NUMBERS_TOO = 4,  // a failed lookup in the store leaves a valid string
+    RETURNS_ERRORS = 8,     // all operations whose results are ignored
 };
 
 class Store : public QVHostMetaData {
@@ -39,7 +39,7 @@ public:
         return keeps(key) ? -1 : QVHostMetaData::setFloat(key, value);
     }
     int findCString(const char* key, const char** value) override {
-        require(*value == nullptr, "a lookup that starts from a null pointer");
+        require(*value == nullptr, "a lookup starts from a pointer that is not null");
         const int found = QVHostMetaData::findCString(key, value);
         if (found == 0 && (mBehaviour & FINDS_NUMBERS_TOO) != 0) {
             *value = "remain_newest";
@@ -55,9 +55,9 @@ private:
     const unsigned mBehaviour;
 };
 
-// What one set-up did, in the order in which it may.
+// Records the steps of one set-up.
 struct Trace {
-    int result = 0;  // of what has one
+    int result = 0;  // of the operations whose results are ignored
     std::vector<int> bound;
     bool initialized = false;
 };
@@ -76,9 +76,9 @@ public:
     }
 
 private:
-    // Texts come from a store, and so have no NUL.
+    // Strings come from a store and therefore contain no NUL.
     static void requireSame(const std::string& text) {
-        require(text.find('\0') == std::string::npos, "a text that ends at its NUL");
+        require(text.find('\0') == std::string::npos, "a string contains a NUL");
     }
 
     Trace* trace;
@@ -88,7 +88,7 @@ class Output : public QVOutputStreamManager {
 public:
     explicit Output(Trace* kept) : trace(kept) {}
     int initialize(const std::string& /*name*/, int streamId, int /*nodeId*/) override {
-        require(mStreamType.empty(), "a format that comes after the binding");
+        require(mStreamType.empty(), "the format is set before initialize");
         trace->bound.push_back(streamId);
         return trace->result;
     }
@@ -104,9 +104,10 @@ public:
                    _QVTaskNodeInfo* info,
                    const std::vector<QVInputStreamManager*>& inputs,
                    const std::vector<QVOutputStreamManager*>& outputs) override {
-        require(info->nodeId == nodeId, "the id that a node is told");
-        require(inputs.size() + outputs.size() == trace->bound.size(), "a node of bound streams");
-        require(!trace->initialized, "a node that is initialised once");
+        require(info->nodeId == nodeId, "initialize receives another id");
+        require(inputs.size() + outputs.size() == trace->bound.size(),
+                "a manager of the node is not bound");
+        require(!trace->initialized, "the node is initialised twice");
         trace->initialized = true;
         return trace->result;
     }
@@ -125,7 +126,7 @@ public:
 
 private:
     int next() {
-        require(!hasRefused(), "nothing behind a stream that was refused");
+        require(!hasRefused(), "a stream is registered after a refused one");
         return ++streams == refused ? -1 : -1 - streams;
     }
 
@@ -133,7 +134,7 @@ private:
     int streams = 0;
 };
 
-// The framework of one input.
+// The framework that one input describes.
 struct Framework {
     explicit Framework(const uint8_t* header)
         : inputNum(header[0] % 4U),
@@ -161,12 +162,12 @@ Framework* current = nullptr;
 }  // namespace
 
 void node_proxy_parse_stub_uid(_QVNodeInfo* info, const char* name) {
-    require(name != nullptr, "a name that is never null");
+    require(name != nullptr, "the node name is null");
     info->stubUid = 7;
 }
 
 void node_proxy_node_create(_QVNodeInfo* info) {
-    require(info->stubUid == 7, "a name that is resolved first");
+    require(info->stubUid == 7, "the node is created before its name is resolved");
     if ((current->behaviour & CREATES_NO_NODE) != 0) {
         return;
     }
@@ -195,13 +196,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const int result = parser.initTaskNode(&framework.graph, 0, 3, &info);
         const size_t managers = info.inputStreams.size() + info.outputStreams.size();
         const bool noNode = info.node == nullptr || managers == 0;
-        require(result == (noNode ? -1 : 0), "the result of a set-up");
+        require(result == (noNode ? -1 : 0), "the result of initTaskNode");
         require(framework.trace.initialized == (!noNode && !framework.graph.hasRefused()),
-                "a node that is initialised when all is well");
+                "initialize is called if and only if the set-up succeeds");
     });
     current = nullptr;
-    require(info.nodeId == 3 && info.stubUid == 7, "the record");
-    require(parser.initTaskNode(nullptr, 0, 3, &info) == -2, "no graph");
-    require(parser.initTaskNode(&framework.graph, 0, 3, nullptr) == -2, "no record");
+    require(info.nodeId == 3 && info.stubUid == 7, "the record's ids");
+    require(parser.initTaskNode(nullptr, 0, 3, &info) == -2, "a null graph does not return -2");
+    require(parser.initTaskNode(&framework.graph, 0, 3, nullptr) == -2,
+            "a null record does not return -2");
     return 0;
 }

@@ -1,6 +1,5 @@
-// Any bytes as a string option: the parser takes them apart as the C library's
-// scan does, and writes them, and the number that they are, into its record as
-// json11's dump does.
+// Any bytes as a string option: the parser splits them as sscanf does, and writes
+// the string, and the bytes as a double, to its log record as json11's dump does.
 #include <cstring>
 #include <string>
 

@@ -1,4 +1,4 @@
-// Runs a fuzz target on files, and on all files of folders, without a fuzzer:
+// Runs a fuzz target without a fuzzer, on files and on all files of folders:
 //
 //   text_corpus fuzz/corpus/text build/fuzz/findings/text-crash-...
 #include <cstdio>

@@ -1,4 +1,4 @@
-// Any bytes at all: a source accepts what json11 accepts and reads it as json11
+// Any bytes: a Source accepts exactly what json11 accepts, and reads it as json11
 // does.
 #include <string>
 
@@ -8,19 +8,21 @@
 
 namespace {
 
-// Bytes all over the text have a place, and every value a pointer.
+// Requires that bytes throughout the text have a position, and every value a
+// pointer.
 void walk(const qvgraph::Source& source) {
     for (size_t byte = 0; byte <= source.text().size(); byte += 1 + source.text().size() / 8) {
         const qvgraph::Position position = source.position(byte);
-        require(position.line <= source.lineCount() && position.column >= 1, "no such position");
+        require(position.line <= source.lineCount() && position.column >= 1,
+                "a byte has no valid position");
     }
     size_t bytes = source.lineCount() - 1;
     for (size_t number = 1; number <= source.lineCount(); ++number) {
         bytes += source.line(number).size();
     }
-    require(bytes <= source.text().size(), "lines longer than the text");
+    require(bytes <= source.text().size(), "the lines are longer than the text");
     for (const qvgraph::Value& value : source.values()) {
-        require(pointerTo(value).empty() == (value.parent == nullptr), "no pointer");
+        require(pointerTo(value).empty() == (value.parent == nullptr), "a value has no pointer");
     }
 }
 

@@ -1,6 +1,6 @@
-// A configuration text, asked everything: each query with each index, the
-// options of each executor and link, the set-up of each node, on the framework
-// for the desk.
+// Runs every operation on a configuration text in the host framework: each query
+// with each index, the options of each executor and link, and the set-up of each
+// node.
 #include <algorithm>
 #include <string>
 
@@ -15,10 +15,11 @@ using json11::Json;
 
 namespace {
 
-// More than this teach a fuzzer nothing, and take its time.
+// More members take time without reaching new code.
 const int MOST = 12;
 
-// How many of a family to ask for: all, and one that is not there.
+// The number of indexes to query: those of all members, up to the limit, and one
+// more.
 int some(int number) {
     return std::min(number, MOST) + 1;
 }
@@ -26,11 +27,11 @@ int some(int number) {
 void askFamily(const QVGraphParser& parser, const Json& items, const std::string& tag) {
     const int number = parser.getItemNum(items, tag);
     const int members = static_cast<int>(items.object_items().size());
-    require(number >= 0 && number <= members, "the size of a family");
+    require(number >= 0 && number <= members, "the number of members in a family");
     for (int i = -1; i < some(number); ++i) {
         const std::string key = parser.getItemNameByIndex(items, i, tag);
-        require(key.compare(0, tag.size(), tag) == 0 || key.empty(), "a key of a family");
-        require(i >= 0 || key.empty(), "nothing before the first");
+        require(key.compare(0, tag.size(), tag) == 0 || key.empty(), "a key is not of its family");
+        require(i >= 0 || key.empty(), "a negative index finds a member");
         parser.getItemIDByIndex(items, i, tag);
     }
 }
@@ -42,18 +43,18 @@ void askPipe(const QVGraphParser& parser, int pipe) {
     }
     require(parser.getNodeNum(pipe) == parser.getItemNum(value, "node_"), "the number of nodes");
     parser.getThreadNum(pipe);
-    require(!parser.getDefaultLinkMode(pipe).empty(), "a link mode");
+    require(!parser.getDefaultLinkMode(pipe).empty(), "the link mode is empty");
 }
 
 void syncPipe(const QVGraphParser& parser, int pipe) {
     QVHostMetaData store;
     for (int i = 0; i < some(parser.getExecNum(pipe)); ++i) {
         const int id = parser.getExecIDByIndex(pipe, i);
-        require(parser.syncExecOptions(&store, pipe, id) == 0, "options of an executor");
+        require(parser.syncExecOptions(&store, pipe, id) == 0, "the result of syncExecOptions");
     }
     for (int i = 0; i < some(parser.getLinkNum(pipe)); ++i) {
         const int id = parser.getLinkIDByIndex(pipe, i);
-        require(parser.syncLinkOptions(&store, pipe, id) == 0, "options of a link");
+        require(parser.syncLinkOptions(&store, pipe, id) == 0, "the result of syncLinkOptions");
     }
 }
 
@@ -63,9 +64,9 @@ void setUpPipe(const QVGraphParser& parser, int pipe, QVHostTaskGraph* graph) {
         QVNodeOwner node;
         run([&] {
             const int result = parser.initTaskNode(graph, pipe, id, node.info());
-            require(result == 0 || result == -1, "the result of a set-up");
+            require(result == 0 || result == -1, "the result of initTaskNode");
         });
-        require(node.info()->nodeId == id, "the id of a node");
+        require(node.info()->nodeId == id, "the id in the record");
     }
 }
 
@@ -80,7 +81,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const int result = parser.parseConfigText(text.c_str());
     std::string error;
     const Json expected = Json::parse(text.c_str(), error, json11::JsonParse::COMMENTS);
-    require(result == (expected.is_null() ? -1 : 0), "the result of a load");
+    require(result == (expected.is_null() ? -1 : 0), "the result of parseConfigText");
     require(parser.root().dump() == expected.dump(), "the document");
 
     QVHostTaskGraph graph;

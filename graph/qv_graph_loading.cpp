@@ -15,9 +15,9 @@ struct FileCloser {
 };
 using File = std::unique_ptr<FILE, FileCloser>;
 
-// The size of a file, read from its beginning afterwards. What has no size of
-// its own counts as empty: a pipe tells -1, a directory the largest long, and
-// where long has 32 bits a file of 2 GiB or more tells -1 as well.
+// Returns the size of the file and rewinds it. A file without a usable size
+// reads as empty: ftell returns -1 for a pipe, the maximum of long for a
+// directory, and -1 for a file of 2 GiB or more if long has 32 bits.
 size_t sizeOf(FILE* file) {
     fseek(file, 0, SEEK_END);
     const long size = ftell(file);
@@ -25,7 +25,7 @@ size_t sizeOf(FILE* file) {
     return size < 0 || size >= std::numeric_limits<int32_t>::max() ? 0 : static_cast<size_t>(size);
 }
 
-// The text of an open file, NUL-terminated.
+// Returns the text of an open file, NUL-terminated.
 std::unique_ptr<char[]> readText(FILE* file) {
     const size_t size = sizeOf(file);
     std::unique_ptr<char[]> text(new char[size + 1]);

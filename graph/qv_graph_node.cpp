@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-// The functions below are the parts of one operation, and report as such.
+// The helpers below are parts of initTaskNode and report under its name.
 #define QV_LOG_FUNCTION "initTaskNode"
 
 #include "graph/qv_graph_internal.h"
@@ -16,12 +16,12 @@ using json11::Json;
 
 namespace {
 
-// Under which keys one side of a node has the names and formats of its
-// streams, and what is reported where a name is not there.
+// The keys of the names and formats of a node's inputs or outputs, and the
+// conditions that an assertion reports if a name is missing.
 struct Side {
-    const char* nameKey;  // of the only stream
+    const char* nameKey;  // if there is exactly one stream
     const char* formatKey;
-    const char* nameFamily;  // of one among several
+    const char* nameFamily;  // if there are several
     const char* formatFamily;
     const char* nameCondition;
     const char* nameTagCondition;
@@ -45,7 +45,7 @@ const Side OUTPUTS = {
     "options->findCString(outputNameTag.c_str(), &outputStreamName)",
 };
 
-// A node in the course of its set-up.
+// A node during its set-up.
 struct NodeSetup {
     const QVGraphParser& parser;
     const Json& streamOpts;
@@ -54,13 +54,13 @@ struct NodeSetup {
     int nodeId;
 };
 
-// A stream as the node's store has it; the texts are the store's.
+// A stream as described in the node's store, which owns the strings.
 struct Stream {
     const char* name;    // never null
-    const char* format;  // null when there is none
+    const char* format;  // null if there is none
 };
 
-// The stream at `index` of `count` on one side of the node. Aborts when it has
+// Looks up stream `index` of `count` on one side of the node. Aborts if it has
 // no name.
 Stream findStream(const NodeSetup& node, const Side& side, size_t index, size_t count) {
     Stream stream = {nullptr, nullptr};
@@ -78,8 +78,8 @@ Stream findStream(const NodeSetup& node, const Side& side, size_t index, size_t 
     return stream;
 }
 
-// The format as a string. What std::string itself says of a null pointer
-// differs between its versions; callers are promised one text.
+// Returns the format as a string. std::string's own message for a null pointer
+// differs between library versions; the contract promises this one.
 std::string formatOf(const Stream& stream) {
     if (stream.format == nullptr) {
         throw std::logic_error("basic_string::_M_construct null not valid");
@@ -93,7 +93,7 @@ bool keepsNewest(QvMetaData* options) {
     return mode != nullptr && strcmp(mode, "remain_newest") == 0;
 }
 
-// Registers and binds every input. Returns false when the graph refused one.
+// Registers and binds every input. Returns false if the graph refuses one.
 bool wireInputs(const NodeSetup& node, const std::vector<QVInputStreamManager*>& managers) {
     const bool result = false;
     for (size_t i = 0; i < managers.size(); ++i) {
@@ -110,7 +110,7 @@ bool wireInputs(const NodeSetup& node, const std::vector<QVInputStreamManager*>&
     return true;
 }
 
-// Registers and binds every output. Returns false when the graph refused one.
+// Registers and binds every output. Returns false if the graph refuses one.
 bool wireOutputs(const NodeSetup& node, const std::vector<QVOutputStreamManager*>& managers) {
     const bool result = false;
     for (size_t j = 0; j < managers.size(); ++j) {
@@ -122,6 +122,14 @@ bool wireOutputs(const NodeSetup& node, const std::vector<QVOutputStreamManager*
         managers[j]->mStreamType = formatOf(stream);
     }
     return true;
+}
+
+// Copies the node's option objects into its store; later ones win.
+inline void copyOptions(const QVGraphParser& parser, const Json& node, QvMetaData* options) {
+    parser.syncOptions(options, node["node_opts"]);
+    parser.syncOptions(options, node["stream_opts"]);
+    parser.syncOptions(options, node["node_opts_extra"]);
+    parser.syncOptions(options, memberUnder(node, "stream_opts_extra"));
 }
 
 }  // namespace
@@ -156,15 +164,11 @@ int QVGraphParser::initTaskNode(QVTaskGraphConfig* config,
         return -1;
     }
 
-    QvMetaData* options = info->node->mOptions;
-    syncOptions(options, nodeOpts);
-    syncOptions(options, streamOpts);
-    syncOptions(options, node["node_opts_extra"]);
-    syncOptions(options, memberUnder(node, "stream_opts_extra"));
+    copyOptions(*this, node, info->node->mOptions);
 
-    const NodeSetup setup = {*this, streamOpts, options, config, nodeId};
+    const NodeSetup setup = {*this, streamOpts, info->node->mOptions, config, nodeId};
     if (!wireInputs(setup, info->inputStreams) || !wireOutputs(setup, info->outputStreams)) {
-        return 0;  // a refused stream is logged, and no failure of this call
+        return 0;  // a refused stream is logged but is not an error of this call
     }
     if (info->inputStreams.empty() && info->outputStreams.empty()) {
         qv_log(

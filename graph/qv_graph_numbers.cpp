@@ -12,7 +12,7 @@ const int32_t MAX_INT32 = std::numeric_limits<int32_t>::max();
 
 }  // namespace
 
-// strtoll saturates in turn, so that a number of any length is told right.
+// strtoll saturates too, so a number of any length gives the right result.
 int32_t leadingInt32(const char* text) {
     const long long number = strtoll(text, nullptr, 10);
     return static_cast<int32_t>(

@@ -2,7 +2,7 @@
 #include <cstdlib>
 #include <cstring>
 
-// The conversion reports as the member function that stands for it.
+// The conversion reports under the name of the public member function.
 #define QV_LOG_FUNCTION "parseOptions"
 
 #include "graph/qv_graph_internal.h"
@@ -12,11 +12,13 @@ using json11::Json;
 
 namespace {
 
-// A string option is shorter than this.
+// The size of the buffers, and one more than the maximum length of a string
+// option.
 const size_t TEXT_SIZE = 128;
 
-// A string option in its parts: '<type>:<value>' and whatever follows a second
-// ':'. A part that is missing is empty. A type is known by its hash alone.
+// A string option split into the parts of '<type>:<value>'. Ignores a second
+// ':' and what follows it. A missing part is empty. Types are identified only by
+// their hash.
 struct TypedText {
     char text[TEXT_SIZE];
     char type[TEXT_SIZE];
@@ -24,13 +26,13 @@ struct TypedText {
     uint64_t typeHash;
 };
 
-// A word's end, and its BKDR string hash with the multiplier 131.
+// The end of a word, and its BKDR string hash with the multiplier 131.
 struct Word {
     const char* end;
     uint64_t hash;
 };
 
-// Copies a word, which ends before a ':' or with the text.
+// Copies a word, which ends before a ':' or at the end of the text.
 Word copyWord(const char* text, char* word) {
     uint64_t hash = 0;
     for (; *text != '\0' && *text != ':'; ++text) {
@@ -40,9 +42,8 @@ Word copyWord(const char* text, char* word) {
     return {text, hash};
 }
 
-// Splits a string of `length` < TEXT_SIZE bytes, as sscanf would with the
-// pattern "%[^:]:%[^:]": one that begins with ':' has no type word, and its
-// value is not looked for.
+// Splits a string of `length` < TEXT_SIZE bytes as sscanf does with the pattern
+// "%[^:]:%[^:]": a string that begins with ':' has neither a type nor a value.
 void split(const char* string, size_t length, TypedText* typed) {
     qv_memset(typed->text, 0, sizeof(typed->text));
     qv_memset(typed->type, 0, sizeof(typed->type));
@@ -61,25 +62,11 @@ const uint64_t HASH_INT64 = 0x741fb9bbd;
 const uint64_t HASH_FLOAT = 0x70d0ca4a8;
 const uint64_t HASH_DOUBLE = 0x389ebe6defd;
 
-}  // namespace
-
-int storeOption(QvMetaData* meta, const char* key, const Json& value) {
-    if (!value.is_string()) {
-        if (value.is_number()) {
-            meta->setInt32(key, toInt32(value.number_value()));
-        }
-        return 0;
-    }
-
-    const char* string = value.string_value().c_str();
-    const size_t length = strlen(string);
-    if (length >= TEXT_SIZE) {
-        qv_err(QV_ERROR("value %s is too long!"), string);
-        return -68;
-    }
-
-    TypedText typed;
-    split(string, length, &typed);
+// Stores a string by its type word, or as it is if it has none.
+inline void storeTyped(QvMetaData* meta,
+                       const char* key,
+                       const char* string,
+                       const TypedText& typed) {
     switch (typed.typeHash) {
         case HASH_INT32: {
             const int32_t number = leadingInt32(typed.value);
@@ -100,7 +87,7 @@ int storeOption(QvMetaData* meta, const char* key, const Json& value) {
             break;
         }
         case HASH_DOUBLE: {
-            // Stores know no double: only the record shows the whole value.
+            // Stores have no double; only the record shows the full value.
             const double number = atof(typed.value);
             meta->setFloat(key, static_cast<float>(number));
             qv_log(QV_INFO("key=%s value=%f"), key, number);
@@ -110,6 +97,28 @@ int storeOption(QvMetaData* meta, const char* key, const Json& value) {
             meta->setCString(key, string);
             break;
     }
+}
+
+}  // namespace
+
+int storeOption(QvMetaData* meta, const char* key, const Json& value) {
+    if (!value.is_string()) {
+        if (value.is_number()) {
+            meta->setInt32(key, toInt32(value.number_value()));
+        }
+        return 0;
+    }
+
+    const char* string = value.string_value().c_str();
+    const size_t length = strlen(string);
+    if (length >= TEXT_SIZE) {
+        qv_err(QV_ERROR("value %s is too long!"), string);
+        return -68;
+    }
+
+    TypedText typed;
+    split(string, length, &typed);
+    storeTyped(meta, key, string, typed);
     return 0;
 }
 

@@ -14,9 +14,9 @@ bool belongsTo(const std::string& key, const std::string& tag) {
     return key.size() >= tag.size() && memcmp(key.data(), tag.data(), tag.size()) == 0;
 }
 
-// The member at `index` of the family of `tag`; the end when there is none. In
-// the order of the keys a family stands together, behind whatever is below its
-// tag.
+// Returns the member at `index` of the family of `tag`; the end if there is
+// none. In key order, a family is contiguous and starts at the lower bound of
+// its tag.
 Members::const_iterator findByIndex(const Members& members, int index, const std::string& tag) {
     auto member = members.lower_bound(tag);
     for (; index > 0 && member != members.end(); --index) {
@@ -28,14 +28,14 @@ Members::const_iterator findByIndex(const Members& members, int index, const std
 
 }  // namespace
 
-// Tags come by value, as the contract has it.
+// The contract fixes that tags are passed by value.
 // cppcheck-suppress passedByValue
 int QVGraphParser::getItemNum(Json items, std::string tag) const {
     if (!items.is_object()) {
         return 0;
     }
     int num = 0;
-    // A copy, so that the walk stands on its own whatever the logger does.
+    // A copy, so that the loop stays valid whatever the logger does.
     for (const auto& member : Members(items.object_items())) {
         qv_log(QV_INFO("item name=%s , \t tag=%s"), member.first.c_str(), tag.c_str());
         if (belongsTo(member.first, tag)) {
@@ -56,8 +56,8 @@ int QVGraphParser::getItemIDByIndex(Json items, int index, std::string tag) cons
     return found != members.end() ? leadingInt32(found->first.c_str() + tag.size()) : 0;
 }
 
-// Says "item id" in its record as well: one text to look for, whichever of the
-// two lookups found no object.
+// Also reports "item id": both lookups share one message, so that a search for
+// it finds either.
 // cppcheck-suppress passedByValue
 std::string QVGraphParser::getItemNameByIndex(Json items, int index, std::string tag) const {
     if (!items.is_object()) {

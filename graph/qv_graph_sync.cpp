@@ -8,8 +8,8 @@ using json11::Json;
 
 namespace {
 
-// Whether JSON text has the string as it is, between quotes: one of printable
-// ASCII without '"' and '\\'.
+// Returns whether JSON text represents the string unchanged between quotes: it
+// consists of printable ASCII without '"' and '\\'.
 bool isPlain(const std::string& string) {
     return std::all_of(string.begin(), string.end(), [](char byte) {
         return (byte >= ']' && byte <= '~') || (byte >= '#' && byte <= '[') || byte == ' ' ||
@@ -17,14 +17,15 @@ bool isPlain(const std::string& string) {
     });
 }
 
-// Whether JSON text has the value as an integer. A zero may have a sign.
+// Returns whether JSON text represents the value as an integer. Excludes zero,
+// which may have a sign.
 bool isInteger(const Json& value) {
     const double number = value.number_value();
     return number != 0 && number == toInt32(number);
 }
 
-// Replaces `text` by what Json::dump writes. That takes strings byte by byte
-// and formats numbers; most options need neither.
+// Replaces `text` with what Json::dump writes. Json::dump copies strings byte by
+// byte and formats numbers with printf; most options need neither.
 void writeJson(const Json& value, std::string* text) {
     text->clear();
     const std::string& string = value.string_value();

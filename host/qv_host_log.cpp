@@ -38,8 +38,9 @@ bool takeSuffix(std::string_view* text, std::string_view suffix) {
     return true;
 }
 
-// The message without the colour and the newline of its format, and that
-// colour. The format is asked first, since the message's data may end alike.
+// The message without the colour and the newline of its format, and that colour.
+// Only what the format itself contains is removed, since the message's data may
+// begin or end with the same bytes.
 struct Body {
     std::string_view text;
     std::string_view colour;
@@ -69,8 +70,7 @@ void appendEscaped(const char* begin, const char* end, std::string* out) {
     }
 }
 
-// Besides the control characters proper: line separators, and what sets the
-// direction of text.
+// Includes line separators and the characters that set the direction of text.
 bool isControl(uint32_t codePoint) {
     return codePoint < 0x20 || (codePoint >= 0x7f && codePoint < 0xa0) || codePoint == 0x200e ||
            codePoint == 0x200f || (codePoint >= 0x2028 && codePoint <= 0x202e) ||
@@ -119,21 +119,22 @@ SharedSink shared(QVLogSink sink) {
     return sink ? std::make_shared<const QVLogSink>(std::move(sink)) : nullptr;
 }
 
-SharedSink sinkNow() {
+SharedSink sharedSink() {
     const std::lock_guard<std::mutex> lock(sink_mutex);
     return current_sink;
 }
 
-// Puts `sink` in the place of the one that is returned.
+// Replaces the sink and returns the previous one.
 SharedSink exchangeSink(SharedSink sink) {
     const std::lock_guard<std::mutex> lock(sink_mutex);
     current_sink.swap(sink);
     return sink;
 }
 
-// The format with its arguments filled in; as it stands where that fails.
+// Returns the format with its arguments filled in; the plain format if that
+// fails.
 QV_PRINTF_FORMAT(1, 0)
-std::string textOf(const char* format, va_list arguments) {
+std::string formatted(const char* format, va_list arguments) {
     va_list again;
     va_copy(again, arguments);
     char text[512];
@@ -149,7 +150,7 @@ std::string textOf(const char* format, va_list arguments) {
     return message;
 }
 
-// As vsnprintf with the format "%s".
+// Does what vsnprintf does for the format "%s".
 int copyText(char* buffer, size_t size, const char* text) {
     const size_t length = strlen(text);
     if (size != 0) {
@@ -169,20 +170,20 @@ bool passes(int level) {
     return level <= passing_level.load(std::memory_order_relaxed);
 }
 
-// Ends a list of arguments, whatever a sink throws.
+// Calls va_end, also if a sink throws.
 struct EndOfArguments {
     va_list& arguments;
     ~EndOfArguments() { va_end(arguments); }
 };
 
-// Hands a record that passes the filter to the sink. Stands apart, so that a
-// record below the filter pays for none of it.
+// Passes a record that the filter lets through to the sink. Not inlined, so that
+// a filtered record costs nothing more than the comparison.
 [[gnu::noinline]] QV_PRINTF_FORMAT(1, 0) int emitRecord(const char* format,
                                                         va_list arguments,
                                                         QVLogRecord record) {
-    const std::string message = textOf(format, arguments);
+    const std::string message = formatted(format, arguments);
     record.message = message.c_str();
-    if (const auto sink = sinkNow()) {
+    if (const auto sink = sharedSink()) {
         (*sink)(record);
     } else {
         writeToStandardError(record);
@@ -224,8 +225,8 @@ int qv_err(uint32_t module,
     return emitRecord(format, arguments, {module, level, tag, format, function, line, nullptr});
 }
 
-// A text by itself, which is all that the parser formats, is copied: that takes
-// a tenth of what vsnprintf does.
+// The parser uses only the format "%s". Copying the string takes a tenth of the
+// time of vsnprintf.
 int util_snprintf(char* buffer, size_t size, const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
@@ -240,7 +241,7 @@ std::string util_to_string(int value) {
     return std::to_string(value);
 }
 
-// strcasecmp would follow the locale.
+// strcasecmp depends on the locale.
 int util_strcasecmp(const char* a, const char* b) {
     while (*a != '\0' && asciiLower(*a) == asciiLower(*b)) {
         ++a;

@@ -6,33 +6,32 @@
 
 #include "host/qv_lookup_scope.h"
 
-// The first entry whose key is not below `key`. Options come in the order of
-// their keys, one object after the other: most belong at the end, or shortly
-// before.
-QVHostMetaData::Entries::Sorted::const_iterator QVHostMetaData::Entries::placeOf(
+// Returns the first entry whose key is not less than `key`. Options arrive in
+// key order, one object after another, so most belong at or near the end.
+QVHostMetaData::Entries::Sorted::const_iterator QVHostMetaData::Entries::lowerBound(
     std::string_view key) const {
-    auto place = mSorted.end();
-    for (int steps = 8; place != mSorted.begin() && !((place - 1)->key < key); --place) {
+    auto position = mSorted.end();
+    for (int steps = 8; position != mSorted.begin() && !((position - 1)->key < key); --position) {
         if (steps-- == 0) {
             return std::lower_bound(
-                mSorted.begin(), place, key, [](const Entry& entry, std::string_view name) {
+                mSorted.begin(), position, key, [](const Entry& entry, std::string_view name) {
                     return entry.key < name;
                 });
         }
     }
-    return place;
+    return position;
 }
 
-bool QVHostMetaData::Entries::isAt(Sorted::const_iterator place, std::string_view key) const {
-    return place != mSorted.end() && place->key == key;
+bool QVHostMetaData::Entries::isAt(Sorted::const_iterator position, std::string_view key) const {
+    return position != mSorted.end() && position->key == key;
 }
 
-// The entry under `key`; null when there is none. Most keys differ in length:
-// among a few, looking at each is quicker than halving.
+// Returns the entry under `key`; null if there is none. Most keys differ in
+// length, so for few entries a linear search is faster than a binary one.
 const QVHostMetaData::Entries::Entry* QVHostMetaData::Entries::find(std::string_view key) const {
     if (mSorted.size() > 32) {
-        const auto place = placeOf(key);
-        return isAt(place, key) ? &*place : nullptr;
+        const auto position = lowerBound(key);
+        return isAt(position, key) ? &*position : nullptr;
     }
     for (const Entry& entry : mSorted) {
         if (entry.key == key) {
@@ -42,7 +41,7 @@ const QVHostMetaData::Entries::Entry* QVHostMetaData::Entries::find(std::string_
     return nullptr;
 }
 
-// A copy of the string, NUL-terminated.
+// Returns a copy of the string, NUL-terminated.
 const char* QVHostMetaData::Entries::keep(std::string_view string) {
     char* const copy = static_cast<char*>(mMemory.allocate(string.size() + 1, 1));
     memcpy(copy, string.data(), string.size());
@@ -55,15 +54,15 @@ Number QVHostMetaData::Entries::keep(Number number) {
     return number;
 }
 
-// Changes nothing when memory runs out.
+// Changes nothing if an allocation fails.
 template <typename Type>
 int QVHostMetaData::Entries::set(std::string_view key, Type value) {
-    const auto place = mSorted.begin() + (placeOf(key) - mSorted.cbegin());
-    if (isAt(place, key)) {
-        place->value = keep(value);
+    const auto position = mSorted.begin() + (lowerBound(key) - mSorted.cbegin());
+    if (isAt(position, key)) {
+        position->value = keep(value);
     } else {
         const std::string_view name(keep(key), key.size());
-        mSorted.insert(place, {name, keep(value)});
+        mSorted.insert(position, {name, keep(value)});
     }
     return 0;
 }
@@ -91,12 +90,16 @@ QVHostMetaData::Value QVHostMetaData::Entries::at(std::string_view key) const {
 
 template <typename Type>
 int QVHostMetaData::find(const char* key, Type* value) {
+    using Result = QVLookupScope::Result;
     const Entries::Entry* entry = mEntries.find(key);
-    if (entry == nullptr) {
-        return 0;
-    }
-    const Type* found = std::get_if<Type>(&entry->value);
-    QVLookupScope::note(this, key, found != nullptr, decltype(entry->value)(Type()).index());
+    const Type* found = entry == nullptr ? nullptr : std::get_if<Type>(&entry->value);
+    const size_t type = decltype(entry->value)(Type()).index();
+    QVLookupScope::note(this,
+                        key,
+                        type,
+                        found != nullptr   ? Result::Found
+                        : entry != nullptr ? Result::DifferentType
+                                           : Result::Missing);
     if (found == nullptr) {
         return 0;
     }

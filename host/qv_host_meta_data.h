@@ -1,4 +1,5 @@
-// The desk's option store.
+/// @file
+/// The option store of the host framework.
 #ifndef QVGRAPH_HOST_QV_HOST_META_DATA_H_
 #define QVGRAPH_HOST_QV_HOST_META_DATA_H_
 
@@ -15,29 +16,30 @@
 
 #include "framework/qv_meta_data.h"
 
-// Keeps one typed value under each key, in the byte order of the keys. A
-// setter replaces what stood under its key, whatever the type. The finders find
-// a value of their own type and convert nothing (QVLookupScope tells of those
-// that find another).
-//
-//   QVHostMetaData options;
-//   parser.syncLinkOptions(&options, 0, 1);
-//   for (const auto& [key, value] : options.entries()) ...
-//
-// Made for the dozens of options of a node: all of a store is in one block of
-// memory as long as it is small, a new key moves the entries behind it, and
-// strings that are replaced or removed keep their memory until the store ends.
-//
-// Thread safety: as a standard container; it must not be changed while another
-// thread uses it.
+/// Keeps one typed value under each key, in the byte order of the keys. A
+/// setter replaces the value under its key, whatever its type, and returns 0. A
+/// finder finds only a value of its own type and converts nothing; QVLookupScope
+/// records lookups with a different type. A key may be empty.
+/// @code
+/// QVHostMetaData options;
+/// parser.syncLinkOptions(&options, 0, 1);
+/// for (const auto& [key, value] : options.entries()) ...
+/// @endcode
+///
+/// The store is designed for the dozens of options of a node: a small store
+/// occupies one block of memory, inserting a key moves the entries after it,
+/// and strings that are replaced or removed occupy memory until the store is
+/// destroyed.
+///
+/// Thread safety: as a standard container. It must not be changed while another
+/// thread uses it.
 class QVHostMetaData : public QvMetaData {
 public:
-    // The types in the order in which they are told: string, 32-bit and 64-bit
-    // integer, 32-bit float.
+    /// A value: a string, a 32-bit integer, a 64-bit integer or a 32-bit float.
     using Value = std::variant<std::string, int32_t, int64_t, float>;
 
-    // What a store holds, in key order. Keys and values are made when they are
-    // looked at.
+    /// The contents of a store, in key order. Keys and values are created on
+    /// access.
     class Entries {
         struct Entry {
             std::string_view key;
@@ -46,41 +48,50 @@ public:
         using Sorted = std::pmr::vector<Entry>;
 
     public:
-        // An input iterator over pairs of a key and its value.
+        /// An input iterator over pairs of a key and its value.
         class Iterator {
         public:
-            // What algorithms ask of an iterator.
-            using iterator_category = std::input_iterator_tag;
-            using value_type = std::pair<std::string, Value>;
-            using difference_type = std::ptrdiff_t;
-            using pointer = void;
-            using reference = value_type;
+            using iterator_category = std::input_iterator_tag;  ///< single pass
+            using value_type = std::pair<std::string, Value>;   ///< a key and its value
+            using difference_type = std::ptrdiff_t;             ///< not used
+            using pointer = void;                               ///< there is no operator->
+            using reference = value_type;                       ///< entries are copied
 
-            // Made by begin() and end().
-            explicit Iterator(Sorted::const_iterator place) : mPlace(place) {}
+            /// Called by begin() and end().
+            explicit Iterator(Sorted::const_iterator position) : mPosition(position) {}
 
-            // As of every input iterator. The pair is made anew each time.
-            reference operator*() const { return {std::string(mPlace->key), valueOf(*mPlace)}; }
+            /// Returns a new pair each time.
+            reference operator*() const {
+                return {std::string(mPosition->key), valueOf(*mPosition)};
+            }
+            /// Advances to the next entry.
             Iterator& operator++() {
-                ++mPlace;
+                ++mPosition;
                 return *this;
             }
-            // Iterators of one store are equal at the same entry.
-            bool operator==(const Iterator& other) const { return mPlace == other.mPlace; }
-            bool operator!=(const Iterator& other) const { return mPlace != other.mPlace; }
+            /// Returns whether both iterators are at the same entry. REQUIRES: they
+            /// belong to the same store.
+            bool operator==(const Iterator& other) const { return mPosition == other.mPosition; }
+            /// The opposite of operator==.
+            bool operator!=(const Iterator& other) const { return mPosition != other.mPosition; }
 
         private:
-            Sorted::const_iterator mPlace;
+            Sorted::const_iterator mPosition;
         };
 
-        // As of a standard map.
+        /// Returns an iterator to the first entry.
         Iterator begin() const { return Iterator(mSorted.begin()); }
+        /// Returns an iterator to the position after the last entry.
         Iterator end() const { return Iterator(mSorted.end()); }
+        /// Returns whether the store has no entries.
         bool empty() const { return mSorted.empty(); }
+        /// Returns the number of entries.
         size_t size() const { return mSorted.size(); }
+        /// Returns 1 if there is a value under `key`, otherwise 0.
         size_t count(std::string_view key) const { return find(key) != nullptr ? 1 : 0; }
 
-        // Throws std::out_of_range when there is nothing under `key`.
+        /// Returns the value under `key`. Throws std::out_of_range if there is
+        /// none.
         Value at(std::string_view key) const;
 
     private:
@@ -94,19 +105,18 @@ public:
         int remove(std::string_view key);
         const Entry* find(std::string_view key) const;
 
-        Sorted::const_iterator placeOf(std::string_view key) const;
-        bool isAt(Sorted::const_iterator place, std::string_view key) const;
+        Sorted::const_iterator lowerBound(std::string_view key) const;
+        bool isAt(Sorted::const_iterator position, std::string_view key) const;
         const char* keep(std::string_view string);
         template <typename Number>
         Number keep(Number number);
 
-        // Room for a dozen options, inside the store.
+        // Enough for a dozen options without an allocation.
         std::array<std::byte, 544> mFirstMemory;
         std::pmr::monotonic_buffer_resource mMemory{mFirstMemory.data(), mFirstMemory.size()};
         Sorted mSorted{&mMemory};
     };
 
-    // The setters return 0. A key may be empty.
     int setCString(const char* key, const char* value) override;
     int setInt32(const char* key, int32_t value) override;
     int setInt64(const char* key, int64_t value) override;
@@ -117,7 +127,8 @@ public:
     int findInt64(const char* key, int64_t* value) override;
     int findFloat(const char* key, float* value) override;
 
-    // All entries, in key order. Valid while the store lives, and up to date.
+    /// Returns all entries, in key order. The reference is valid as long as the
+    /// store and reflects later changes.
     const Entries& entries() const { return mEntries; }
 
 private:

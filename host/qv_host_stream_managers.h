@@ -1,4 +1,6 @@
-// The desk's stream managers: they hold what they were bound to.
+/// @file
+/// The stream managers of the host framework. They record what they were bound
+/// to.
 #ifndef QVGRAPH_HOST_QV_HOST_STREAM_MANAGERS_H_
 #define QVGRAPH_HOST_QV_HOST_STREAM_MANAGERS_H_
 
@@ -7,23 +9,23 @@
 
 #include "framework/qv_stream_manager.h"
 
-// What a manager was bound to by initialize.
+/// What initialize bound a manager to.
 struct QVStreamBinding {
-    std::string name;  // the stream's
-    int streamId = 0;  // what the task graph gave for it
-    int nodeId = 0;    // the node that gives or takes the stream
+    std::string name;  ///< the name of the stream
+    int streamId = 0;  ///< the id that the task graph returned for it
+    int nodeId = 0;    ///< the node that produces or consumes the stream
 };
 
-// The end at which a node takes a stream.
+/// The end at which a node consumes a stream.
 class QVHostInputStreamManager : public QVInputStreamManager {
 public:
     int initialize(const std::string& name, int streamId, int nodeId) override;
     int setStreamType(const std::string& format) override;
 
-    // Empty until initialize has been called.
+    /// Empty until initialize is called.
     const std::optional<QVStreamBinding>& binding() const { return mBinding; }
 
-    // Empty until setStreamType has been called.
+    /// Empty until setStreamType is called.
     const std::optional<std::string>& format() const { return mFormat; }
 
 private:
@@ -31,12 +33,12 @@ private:
     std::optional<std::string> mFormat;
 };
 
-// The end at which a node gives a stream. Its format is mStreamType.
+/// The end at which a node produces a stream. Its format is mStreamType.
 class QVHostOutputStreamManager : public QVOutputStreamManager {
 public:
     int initialize(const std::string& name, int streamId, int nodeId) override;
 
-    // Empty until initialize has been called.
+    /// Empty until initialize is called.
     const std::optional<QVStreamBinding>& binding() const { return mBinding; }
 
 private:

@@ -7,7 +7,7 @@ void QVHostTaskGraph::beginNode(int node) {
     mRefusal.reset();
 }
 
-// The stream of that name, made when it is new.
+// Returns the stream of that name; creates it if it is new.
 QVHostTaskGraph::Stream* QVHostTaskGraph::streamNamed(const std::string& name) {
     const int next = static_cast<int>(mStreams.size());
     const auto [known, isNew] = mIds.try_emplace(name, next);

@@ -1,4 +1,6 @@
-// The desk's task graph: which streams there are, who gives and who takes them.
+/// @file
+/// The task graph of the host framework: the streams, their producers and their
+/// consumers.
 #ifndef QVGRAPH_HOST_QV_HOST_TASK_GRAPH_H_
 #define QVGRAPH_HOST_QV_HOST_TASK_GRAPH_H_
 
@@ -10,53 +12,57 @@
 
 #include "framework/qv_task_graph.h"
 
-// Gives every stream name one id, counted from 0 in each graph. Refuses a
-// stream without a name, and a second producer of a stream. A stream may be
-// taken before it is given.
-//
-//   QVHostTaskGraph graph;
-//   graph.beginNode(id);
-//   parser.initTaskNode(&graph, pipe, id, owner.info());
-//
-// Thread safety: as a standard container; it must not be changed while another
-// thread uses it.
+/// Assigns one id to every stream name, numbered from 0 in each graph. Refuses
+/// a stream without a name, and a second producer of a stream. A consumer may
+/// be registered before the producer.
+/// @code
+/// QVHostTaskGraph graph;
+/// graph.beginNode(id);
+/// parser.initTaskNode(&graph, pipe, id, owner.info());
+/// @endcode
+///
+/// Thread safety: as a standard container. It must not be changed while another
+/// thread uses it.
 class QVHostTaskGraph : public QVTaskGraphConfig {
 public:
-    // A stream, with the nodes at its ends.
+    /// A stream, with the nodes at its ends.
     struct Stream {
-        int id = 0;                       // its place among the streams, from 0
-        std::string name;                 // not empty
-        std::optional<int> producer;      // the node that gives the stream
-        std::pmr::vector<int> consumers;  // the nodes that take it, each once
+        int id = 0;                       ///< its index in streams()
+        std::string name;                 ///< not empty
+        std::optional<int> producer;      ///< the node that produces the stream, if any
+        std::pmr::vector<int> consumers;  ///< the nodes that consume it, each once
     };
 
-    // A stream that was refused.
+    /// A refused stream.
     struct Refusal {
-        std::string name;             // empty: that is why
-        bool input = false;           // taken by addInputStream
-        std::optional<int> producer;  // who gives the stream already
+        std::string name;             ///< if empty, the reason for the refusal
+        bool input = false;           ///< whether addInputStream refused it
+        std::optional<int> producer;  ///< the existing producer, if that is the reason
     };
 
     QVHostTaskGraph() { mStreams.reserve(12); }
 
-    // The streams registered from now on are those of `node`: any number by
-    // which the caller tells nodes apart. Before the first call it is 0.
+    /// Attributes the streams that are registered from now on to `node`, a
+    /// number that the caller chooses to identify it; 0 before the first call.
+    /// Clears refusal().
     void beginNode(int node);
 
     int addInputStream(std::string name) override;
     int addOutputStream(std::string name) override;
 
-    // All streams; a stream stands at its id. Valid until a stream is added.
+    /// Returns all streams, each at the index that equals its id. The reference
+    /// is valid as long as the graph; references to streams are valid until a
+    /// stream is added.
     const std::vector<Stream>& streams() const { return mStreams; }
 
-    // The last stream refused since beginNode, if any.
+    /// Returns the last stream refused since beginNode, if any.
     const std::optional<Refusal>& refusal() const { return mRefusal; }
 
 private:
     Stream* streamNamed(const std::string& name);
 
     int mNode = 0;
-    // Streams come and never go: what belongs to them is freed as a whole.
+    // Streams are added but never removed, so their memory is freed at once.
     std::pmr::monotonic_buffer_resource mMemory{900};
     std::vector<Stream> mStreams;
     std::pmr::unordered_map<std::string, int> mIds{&mMemory};

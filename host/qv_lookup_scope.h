@@ -1,56 +1,82 @@
-// Watches how options are looked up in the stores of the desk.
+/// @file
+/// Records option lookups in the host framework's stores.
 #ifndef QVGRAPH_HOST_QV_LOOKUP_SCOPE_H_
 #define QVGRAPH_HOST_QV_LOOKUP_SCOPE_H_
 
 #include <cstddef>
-#include <map>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "framework/qv_meta_data.h"
 
-// Notes, as long as it stands, each key that a QVHostMetaData is asked for as
-// another type than its value has: whoever asked finds nothing.
-//
-//   const QVLookupScope lookups;
-//   parser.initTaskNode(&graph, 0, 1, owner.info());
-//   for (const QVLookupScope::Miss& miss : lookups.missesOf(owner.info()->node->mOptions)) ...
-//
-// Thread safety: a scope watches the stores of all threads. Scopes begin and
-// end in one thread at a time, the last one first; of those that stand, the last
-// one watches.
+/// While it exists, records each lookup in a QVHostMetaData.
+/// @code
+/// const QVLookupScope lookups;
+/// parser.initTaskNode(&graph, 0, 1, owner.info());
+/// for (const QVLookupScope::Miss& miss : lookups.missesOf(owner.info()->node->mOptions)) ...
+/// @endcode
+///
+/// Thread safety: a scope watches the stores of all threads. Scopes must be
+/// created and destroyed by one thread at a time, in nested order; only the
+/// innermost one watches.
 class QVLookupScope {
 public:
-    // A key that was missed.
-    struct Miss {
-        // As the store has it.
+    /// What a lookup finds.
+    enum class Result : unsigned char {
+        Found,          ///< a value of the requested type
+        DifferentType,  ///< a value of a different type: the lookup fails
+        Missing,        ///< no value
+    };
+
+    /// A lookup of a key.
+    struct Lookup {
+        /// The store, which need not exist any more.
+        const QvMetaData* store = nullptr;
+        /// The key, as it was requested.
         std::string key;
-        // The type that was asked for, by its place in QVHostMetaData::Value.
+        /// The requested type, as an index into QVHostMetaData::Value.
+        unsigned char type = 0;
+        /// What the lookup found.
+        Result result = Result::Missing;
+    };
+
+    /// A key that was looked up with the wrong type.
+    struct Miss {
+        /// The key, as the store has it.
+        std::string key;
+        /// The requested type, as an index into QVHostMetaData::Value.
         size_t type = 0;
     };
 
-    // Begins and ends to watch.
+    /// Starts watching.
     QVLookupScope();
+    /// Stops watching; the enclosing scope, if any, resumes.
     ~QVLookupScope();
 
-    // The keys of one store that were missed, in their order, with the type of
-    // the last such lookup. A key that was found after it was missed is not
-    // among them: a class may try one type after the other.
+    /// Returns all lookups so far, in their order.
+    std::vector<Lookup> lookups() const;
+
+    /// Returns the number of lookups so far.
+    size_t count() const;
+
+    /// Returns the keys of `store` that were missed, in key order, each with
+    /// the type of its last such lookup. A key that was found after it was
+    /// missed is not included, since a class may try several types in turn.
     std::vector<Miss> missesOf(const QvMetaData* store) const;
 
-    // It stands for its scope and cannot leave it.
+    /// Not copyable: the object is tied to its scope.
     QVLookupScope(const QVLookupScope&) = delete;
+    /// Not assignable, for the same reason.
     QVLookupScope& operator=(const QVLookupScope&) = delete;
 
 private:
     friend class QVHostMetaData;
 
-    // Tells the scope that watches, if one does, of a key that has a value.
-    static void note(const QvMetaData* store, const char* key, bool isFound, size_t type);
+    // Reports a lookup to the watching scope, if there is one.
+    static void note(const QvMetaData* store, const char* key, size_t type, Result result);
 
-    QVLookupScope* mOuter;  // which watches again when this one has ended
-    std::map<std::pair<const QvMetaData*, std::string>, size_t> mMisses;
+    QVLookupScope* mOuter;  // resumes watching after this one
+    std::vector<Lookup> mLookups;
 };
 
 #endif  // QVGRAPH_HOST_QV_LOOKUP_SCOPE_H_

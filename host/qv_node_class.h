@@ -1,51 +1,64 @@
-// How a node class is made known, to a registry of the desk.
+/// @file
+/// The description of a node class, and the interface through which it is
+/// registered.
 #ifndef QVGRAPH_HOST_QV_NODE_CLASS_H_
 #define QVGRAPH_HOST_QV_NODE_CLASS_H_
 
 #include "framework/qv_node_proxy.h"
 
-// As many stream managers as the configuration declares.
-enum : int { QV_AS_DECLARED = -1 };
+/// Special numbers of streams.
+enum : int {
+    QV_AS_DECLARED = -1,  ///< as many stream managers as the configuration declares
+};
 
-// One node class.
-//
-//   registry.registerClass({"Blender", [](const _QVNodeInfo*) -> QVTaskNodeBase* {
-//                               return new Blender;
-//                           }});
+/// One node class.
+/// @code
+/// registry.registerClass({"Blender", [](const _QVNodeInfo*) -> QVTaskNodeBase* {
+///                             return new Blender;
+///                         }});
+/// @endcode
 struct QVNodeClass {
-    // What a configuration calls it: "node_name" up to a '#'. Not empty,
-    // without a '#', NUL-terminated. A registry copies it.
+    /// The name of the class in a configuration: "node_name" up to a '#'.
+    /// NUL-terminated, not empty, without a '#'. A registry copies it.
     const char* name = nullptr;
 
-    // Returns a new node, which the owner of the record deletes, or null when
-    // it cannot be made. A node without an option store (a null mOptions) gets
-    // one, which it leaves in its place and does not delete. `info` has the
-    // node's id and the numbers of its declared streams.
+    /// Creates a node. Returns a new node, which the owner of the record
+    /// deletes, or null if it cannot be created. `info` contains the node's id
+    /// and the numbers of its declared streams.
+    ///
+    /// A node whose mOptions is null receives a store from the proxy. The node
+    /// must leave that store in place and must not delete it.
     QVTaskNodeBase* (*create)(const _QVNodeInfo* info) = nullptr;
 
-    // How many inputs and outputs a node of the class has, from 0, or
-    // QV_AS_DECLARED.
+    /// The number of inputs of each node of the class: 0 or more, or
+    /// QV_AS_DECLARED.
     int inputNum = QV_AS_DECLARED;
+
+    /// As inputNum, for outputs.
     int outputNum = QV_AS_DECLARED;
 };
 
-// What takes node classes.
+/// The interface through which node classes are registered.
 class QVNodeClassRegistry {
 public:
     QVNodeClassRegistry() = default;
     virtual ~QVNodeClassRegistry() = default;
 
-    // A registry is used through pointers to this base; a copy would cut it.
+    /// Not copyable: a registry is used through pointers to this base class,
+    /// and a copy would slice it.
     QVNodeClassRegistry(const QVNodeClassRegistry&) = delete;
+    /// Not assignable, for the same reason.
     QVNodeClassRegistry& operator=(const QVNodeClassRegistry&) = delete;
 
-    // Makes a class known from now on. Returns 0, or, without any effect, -1
-    // when its name is taken and -2 when the class is not as said above.
+    /// Registers a class; nodes of it can be created from now on. Returns 0.
+    /// Returns -1 if the name is already registered and -2 if the class does
+    /// not satisfy QVNodeClass; the call then has no effect.
     virtual int registerClass(const QVNodeClass& nodeClass) = 0;
 };
 
-// What a shared library with node classes defines: it registers them and
-// returns 0, or something else when it cannot (see host/qv_node_plugin.h).
+/// The entry point that a shared library with node classes defines. It
+/// registers the classes and returns 0, or another value if it cannot (see
+/// host/qv_node_plugin.h).
 extern "C" __attribute__((visibility("default"))) int qvgraph_register_nodes(
     QVNodeClassRegistry* registry);
 

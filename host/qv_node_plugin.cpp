@@ -16,8 +16,9 @@ namespace {
 using RegisterNodes = int (*)(QVNodeClassRegistry*);
 using Library = std::unique_ptr<void, int (*)(void*)>;
 
-// What a library registers its classes with: passes them on under the origin
-// of the library, and takes them back unless they are to stay.
+// The registry that a library receives. Registers the library's classes with
+// its path as their origin, and unregisters them again unless keepClasses is
+// called.
 class PluginRegistry final : public QVNodeClassRegistry {
 public:
     PluginRegistry(QVNodeRegistry* registry, const std::string& origin)
@@ -43,22 +44,21 @@ public:
 
     void keepClasses() { mNames.clear(); }
 
-    // Why the first class that was refused was; empty when none was.
+    // Why the first rejected class was rejected; empty if none was.
     const std::string& error() const { return mError; }
 
 private:
     std::string explain(int result, const QVNodeClass& nodeClass) const {
         const std::string name = nodeClass.name != nullptr ? nodeClass.name : "";
         if (result == -2) {
-            return "'" + name +
-                   "' is no class that can be registered: " + qv_node_class_fault(nodeClass) +
+            return "class '" + name + "' cannot be registered: " + qv_node_class_fault(nodeClass) +
                    " (see host/qv_node_class.h)";
         }
         if (std::find(mNames.begin(), mNames.end(), name) != mNames.end()) {
-            return "it registers the class '" + name + "' twice";
+            return "the library registers class '" + name + "' twice";
         }
         const std::string origin = originOf(name);
-        return "the class '" + name + "' is registered already, by " +
+        return "class '" + name + "' is already registered by " +
                (origin.empty() ? "the program" : origin);
     }
 
@@ -75,14 +75,14 @@ private:
     std::string mError;
 };
 
-// What the dynamic linker complains of. A function or a variable that is missing
-// goes by the name that the source has for it.
+// Returns the dynamic linker's message. The name of an undefined symbol is
+// demangled.
 std::string linkerError() {
     std::string error = dlerror();
-    const std::string before = "undefined symbol: ";
-    const size_t place = error.find(before);
-    if (place != std::string::npos) {
-        const size_t begin = place + before.size();
+    const std::string prefix = "undefined symbol: ";
+    const size_t found = error.find(prefix);
+    if (found != std::string::npos) {
+        const size_t begin = found + prefix.size();
         const std::unique_ptr<char, void (*)(void*)> name(
             abi::__cxa_demangle(error.c_str() + begin, nullptr, nullptr, nullptr), free);
         if (name != nullptr) {
@@ -92,7 +92,7 @@ std::string linkerError() {
     return error;
 }
 
-// Has the library register its classes. Returns what went wrong, or nothing.
+// Has the library register its classes. Returns the error; empty on success.
 std::string runRegistration(RegisterNodes registerNodes, PluginRegistry* classes) {
     int result = 0;
     try {
@@ -108,17 +108,17 @@ std::string runRegistration(RegisterNodes registerNodes, PluginRegistry* classes
     if (result != 0) {
         return "qvgraph_register_nodes returned " + std::to_string(result);
     }
-    return classes->empty() ? "it registers no class" : "";
+    return classes->empty() ? "the library registers no class" : "";
 }
 
 }  // namespace
 
 std::optional<std::string> qv_load_node_plugin(const std::string& path, QVNodeRegistry* registry) {
-    // A path without a '/' would be looked for among the system's libraries.
-    std::error_code wrong;
-    const std::string absolute = std::filesystem::absolute(path, wrong).string();
-    if (wrong) {
-        return "cannot load '" + path + "': " + wrong.message();
+    // dlopen would search the system's folders for a path without a '/'.
+    std::error_code failure;
+    const std::string absolute = std::filesystem::absolute(path, failure).string();
+    if (failure) {
+        return "cannot load '" + path + "': " + failure.message();
     }
     Library library(dlopen(absolute.c_str(), RTLD_NOW | RTLD_LOCAL), dlclose);
     if (!library) {
@@ -126,7 +126,7 @@ std::optional<std::string> qv_load_node_plugin(const std::string& path, QVNodeRe
     }
     void* const symbol = dlsym(library.get(), "qvgraph_register_nodes");
     if (symbol == nullptr) {
-        return "cannot load " + path + ": it exports no qvgraph_register_nodes";
+        return "cannot load " + path + ": the library does not export qvgraph_register_nodes";
     }
     PluginRegistry classes(registry, path);
     const std::string error = runRegistration(reinterpret_cast<RegisterNodes>(symbol), &classes);
@@ -134,6 +134,6 @@ std::optional<std::string> qv_load_node_plugin(const std::string& path, QVNodeRe
         return "cannot load " + path + ": " + error;
     }
     classes.keepClasses();
-    static_cast<void>(library.release());  // it stays as long as its classes
+    static_cast<void>(library.release());  // stays loaded, as do its classes
     return std::nullopt;
 }

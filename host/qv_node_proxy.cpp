@@ -1,4 +1,4 @@
-// The desk's node proxy, and the owner that undoes its work.
+// The node proxy of the host framework, and the owner that frees what it creates.
 #include "framework/qv_node_proxy.h"
 
 #include <deque>
@@ -16,9 +16,8 @@
 
 namespace {
 
-// The names that the proxy has seen, each under one index, from 1: a record
-// that has not seen the proxy holds 0. They are kept as long as the process
-// runs.
+// The names that the proxy has seen, indexed from 1: 0 marks a record that the
+// proxy has not seen. Names are kept until the process ends.
 class NodeNames {
 public:
     int32_t indexOf(std::string_view name) {
@@ -33,11 +32,11 @@ public:
         return index;
     }
 
-    // The name at an index; empty when there is none.
+    // Returns the name at an index; empty if there is none.
     std::string_view at(int32_t index) {
         const std::lock_guard<std::mutex> lock(mMutex);
-        const auto place = static_cast<size_t>(index) - 1;
-        return place < mNames.size() ? std::string_view(mNames[place]) : std::string_view();
+        const auto position = static_cast<size_t>(index) - 1;
+        return position < mNames.size() ? std::string_view(mNames[position]) : std::string_view();
     }
 
 private:
@@ -51,8 +50,9 @@ NodeNames& nodeNames() {
     return names;
 }
 
-// The stores of nodes that brought none, by node. A node may be of a class that
-// was compiled without type information: nothing can be asked of its store.
+// The stores supplied to nodes that have none, by node. A map, because a class
+// may be compiled without type information, so the type of its store cannot be
+// queried.
 class SuppliedStores {
 public:
     QvMetaData* supply(const QVTaskNodeBase* node) {
@@ -60,9 +60,9 @@ public:
         return (mStores[node] = std::make_unique<QVHostMetaData>()).get();
     }
 
-    // The store that was supplied to a node, now the caller's; null when none
-    // was.
-    std::unique_ptr<QVHostMetaData> take(const QVTaskNodeBase* node) {
+    // Returns the store that was supplied to a node and passes its ownership to
+    // the caller; null if none was supplied.
+    std::unique_ptr<QVHostMetaData> release(const QVTaskNodeBase* node) {
         const std::lock_guard<std::mutex> lock(mMutex);
         const auto found = mStores.find(node);
         if (found == mStores.end()) {
@@ -78,7 +78,7 @@ private:
     std::unordered_map<const QVTaskNodeBase*, std::unique_ptr<QVHostMetaData>> mStores;
 };
 
-// Never destroyed: an owner may be static, and end after it.
+// Never destroyed, because a static owner may be destroyed later.
 SuppliedStores& suppliedStores() {
     static auto* const stores = new SuppliedStores;
     return *stores;
@@ -109,8 +109,8 @@ void node_proxy_parse_stub_uid(_QVNodeInfo* info, const char* name) {
     info->stubUid = nodeNames().indexOf(name);
 }
 
-// What is made goes into the record at once, so that its owner frees it even
-// when something behind it fails.
+// Each object goes into the record as soon as it is created, so that the owner
+// frees it even if a later step fails.
 void node_proxy_node_create(_QVNodeInfo* info) {
     const std::string_view name = nodeNames().at(info->stubUid);
     const auto nodeClass = QVNodeRegistry::instance().find(qv_node_class_name(name));
@@ -131,8 +131,8 @@ void node_proxy_node_create(_QVNodeInfo* info) {
 }
 
 QVNodeOwner::~QVNodeOwner() {
-    // It outlives its node.
-    const std::unique_ptr<QVHostMetaData> supplied = suppliedStores().take(mInfo.node);
+    // The store must outlive its node.
+    const std::unique_ptr<QVHostMetaData> supplied = suppliedStores().release(mInfo.node);
     delete mInfo.node;
     deleteAll(mInfo.inputStreams);
     deleteAll(mInfo.outputStreams);

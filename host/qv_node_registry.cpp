@@ -30,7 +30,7 @@ int QVNodeRegistry::registerClass(const QVNodeClass& nodeClass, const std::strin
         return -2;
     }
     Registered registered = {nodeClass, origin};
-    registered.nodeClass.name = nullptr;  // the caller's
+    registered.nodeClass.name = nullptr;  // belongs to the caller
     const std::lock_guard<std::mutex> lock(mMutex);
     return mClasses.try_emplace(nodeClass.name, std::move(registered)).second ? 0 : -1;
 }
@@ -89,20 +89,21 @@ std::string_view qv_node_class_name(std::string_view nodeName) {
 }
 
 std::string qv_node_class_fault(const QVNodeClass& nodeClass) {
+    const char* const rule = "; it must be 0 or more, or QV_AS_DECLARED";
     if (nodeClass.name == nullptr || *nodeClass.name == '\0') {
         return "it has no name";
     }
     if (qv_node_class_name(nodeClass.name) != nodeClass.name) {
-        return "its name has a '#', which ends the name of a class";
+        return "its name contains '#', which ends a class name";
     }
     if (nodeClass.create == nullptr) {
         return "it has no create function";
     }
     if (!isNumber(nodeClass.inputNum)) {
-        return "its number of inputs is " + std::to_string(nodeClass.inputNum);
+        return "its number of inputs is " + std::to_string(nodeClass.inputNum) + rule;
     }
     if (!isNumber(nodeClass.outputNum)) {
-        return "its number of outputs is " + std::to_string(nodeClass.outputNum);
+        return "its number of outputs is " + std::to_string(nodeClass.outputNum) + rule;
     }
     return "";
 }

@@ -1,9 +1,13 @@
-// The node classes that the desk's node proxy creates nodes of.
-//
-// The proxy takes a node's name up to a '#' for the name of its class; what
-// follows is a label that tells nodes of one class apart: "Camera#front". A
-// name without a class, and a class that is not registered, give no node. The
-// proxy keeps every name that it has seen as long as the process runs.
+/// @file
+/// The registry of the node classes from which the host framework's node proxy
+/// creates nodes.
+///
+/// The proxy uses a node's name up to a '#' as the name of its class. The rest
+/// is a label that distinguishes nodes of the same class: "Camera#front". If
+/// the class name is empty, the proxy creates no node; if it is not registered,
+/// the proxy creates a stub if stubs are enabled (QVNodeRegistry::setStub), and
+/// otherwise no node. The proxy keeps every name that it has seen until the
+/// process ends.
 #ifndef QVGRAPH_HOST_QV_NODE_REGISTRY_H_
 #define QVGRAPH_HOST_QV_NODE_REGISTRY_H_
 
@@ -16,60 +20,64 @@
 
 #include "host/qv_node_class.h"
 
-// The one registry of the process. It starts empty, without a stub.
-//
-// Thread safety: every function may be called from any thread.
+/// The one registry of the process. Initially it is empty and has no stub.
+///
+/// Thread safety: every function may be called from any thread.
 class QVNodeRegistry final : public QVNodeClassRegistry {
 public:
-    // The registry, made by the first call.
+    /// Returns the registry. The first call creates it.
     static QVNodeRegistry& instance();
 
     int registerClass(const QVNodeClass& nodeClass) override;
 
-    // Forgets a class; nodes of it stay. Returns whether there was one.
+    /// Removes a class; its existing nodes stay valid. Returns whether it was
+    /// registered.
     bool unregisterClass(std::string_view name);
 
-    // The same, with where the class comes from: the path of a library.
+    /// Registers a class as registerClass(const QVNodeClass&) does, and records
+    /// its origin: the path of a library.
     int registerClass(const QVNodeClass& nodeClass, const std::string& origin);
 
-    // A registered class, and where it comes from; empty for the program.
+    /// A registered class.
     struct Entry {
-        std::string name;    // of the class
-        std::string origin;  // a library's path
+        std::string name;    ///< the name of the class
+        std::string origin;  ///< the path of its library; empty for the program's own classes
     };
 
-    // Whether a class of that name is registered.
+    /// Returns whether a class of that name is registered.
     bool isRegistered(std::string_view name) const;
 
-    // The registered classes, in the byte order of their names.
+    /// Returns the registered classes, in the byte order of their names.
     std::vector<Entry> classes() const;
 
-    // Whether QVStubTaskNode stands in for every class that is not registered,
-    // with as many stream managers as the configuration declares.
+    /// Sets whether QVStubTaskNode stands in for every class that is not
+    /// registered, with as many stream managers as the configuration declares.
     void setStub(bool stub);
+    /// Returns what setStub set; false by default.
     bool stub() const;
 
-    // What nodes of that class are made by: the registered class, the stub, or
-    // nothing. `name` in the result is null.
+    /// Returns the class that creates nodes of that name: the registered class,
+    /// the stub, or nothing. `name` in the result is null.
     std::optional<QVNodeClass> find(std::string_view name) const;
 
 private:
     QVNodeRegistry() = default;
 
     mutable std::mutex mMutex;
+    // A class and the library that it comes from.
     struct Registered {
-        QVNodeClass nodeClass;  // its name is null: the key has it
+        QVNodeClass nodeClass;  // its name is null; the map's key has it
         std::string origin;
     };
     std::map<std::string, Registered, std::less<>> mClasses;
     bool mStub = false;
 };
 
-// The class in a node's name: what stands before the first '#'.
+/// Returns the class name in a node's name: the part before the first '#'.
 std::string_view qv_node_class_name(std::string_view nodeName);
 
-// Why a class is not as QVNodeClass says: "it has no create function". Empty
-// when it is.
+/// Returns why a class does not satisfy QVNodeClass, such as
+/// "it has no create function"; empty if it does.
 std::string qv_node_class_fault(const QVNodeClass& nodeClass);
 
 #endif  // QVGRAPH_HOST_QV_NODE_REGISTRY_H_

@@ -1,4 +1,5 @@
-// Findings one a line, as editors and build tools read them from a compiler.
+// Findings in the format of a compiler, one per line, for editors and build
+// tools.
 #ifndef QVGRAPH_RENDER_CHECK_GCC_H_
 #define QVGRAPH_RENDER_CHECK_GCC_H_
 
@@ -9,9 +10,10 @@
 
 namespace qvgraph {
 
-// Writes for each finding, and nothing else; the hint only where there is one:
+// Writes one line for each finding, with the hint if there is one:
 //
-//   door.json:3:14: warning: 'fps' stands here again: ...; hint: remove ... [duplicate-key]
+//   door.json:3:14: warning: 'fps' is already in this object; hint: remove one of the two [twice]
+//   door.json:4:3: error: 'link_x' has no number [no-number]
 void renderCheckGcc(std::ostream& out, const std::vector<CheckedFile>& files);
 
 }  // namespace qvgraph

@@ -21,7 +21,7 @@ const char* commandOf(Severity severity) {
     return "";
 }
 
-// Those of the characters in `special` that a text has, by their numbers.
+// A text in which the characters of `special` are percent-encoded.
 std::string encoded(const std::string& text, std::string_view special) {
     static const char* const DIGITS = "0123456789ABCDEF";
     std::string out;

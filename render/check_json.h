@@ -9,7 +9,7 @@
 
 namespace qvgraph {
 
-// Writes one object with a newline behind it, always valid UTF-8:
+// Writes one object and a newline, always valid UTF-8:
 //
 //   {"format_version": "1.0", "valid": false,
 //    "error_count": 1, "warning_count": 0, "note_count": 0,
@@ -20,14 +20,13 @@ namespace qvgraph {
 //       "related": [{"message", "file", "range"}],
 //       "hint"}]}
 //
-// "valid" says that there are no errors in the files that are listed: those that
-// could be read. "severity" is "error", "warning" or "note"; "pointer" a JSON
+// "valid" is true if no listed file has errors; only files that could be read are
+// listed. "severity" is "error", "warning" or "note"; "pointer" is a JSON
 // pointer, "" for the root. Lines and columns count from 1, columns in code
-// points, bytes from 0; the end is exclusive. A hint that is not there is null.
+// points, bytes from 0; ends are exclusive. "hint" is null if there is none.
 //
-// Files stand in the order in which they were given, findings in that of the
-// text. Messages and hints are for people: what is not printable() in them
-// (render/text.h) is shown by its number.
+// Files are in the order of the request, findings in the order of the text.
+// Messages and hints are for people, so they are printable() (render/text.h).
 void renderCheckJson(std::ostream& out, const std::vector<CheckedFile>& files);
 
 }  // namespace qvgraph

@@ -15,8 +15,8 @@ namespace {
 const char* const SCHEMA =
     "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json";
 
-// A letter or digit of ASCII, or a mark that a path may have in a URI as it
-// is. A colon may not: the first part of a relative path would be a scheme.
+// A character that needs no encoding in the path of a URI. A colon does: it would
+// make the first part of a relative path a scheme.
 bool isPlain(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
            (c != '\0' && strchr("/-._~", c) != nullptr);
@@ -45,7 +45,7 @@ uint64_t hashOf(const std::string& bytes) {
     return hash;
 }
 
-// Gives the findings of one file their fingerprints, in order.
+// The fingerprints of the findings of one file, in order.
 class Fingerprints {
 public:
     std::string next(const Finding& finding) {
@@ -63,7 +63,7 @@ Json messageOf(const std::string& text) {
     return {{"text", printable(text)}};
 }
 
-// A message is a sentence without its stop, as a hint is.
+// Neither a message nor a hint ends with a full stop.
 Json messageOf(const Finding& finding) {
     return messageOf(finding.hint.empty() ? finding.message
                                           : finding.message + ". Hint: " + finding.hint);
@@ -122,12 +122,12 @@ Json resultsOf(const std::vector<CheckedFile>& files) {
     return results;
 }
 
-Json descriptorOf(const Rule& rule) {
-    const std::string help =
-        "On a device: " + std::string(rule.device) + "\n\nPut right: " + rule.remedy;
+Json descriptorOf(const Rule* each) {
+    const Rule& rule = *each;
+    const std::string help = "On a device: " + std::string(rule.device) + "\n\nFix: " + rule.fix;
     return {{"id", rule.code},
             {"shortDescription", {{"text", rule.title}}},
-            {"fullDescription", {{"text", rule.meaning}}},
+            {"fullDescription", {{"text", rule.explanation}}},
             {"help", {{"text", help}}},
             {"defaultConfiguration", {{"level", toText(rule.severity)}}}};
 }
@@ -136,7 +136,7 @@ Json descriptorOf(const Rule& rule) {
 
 void renderCheckSarif(std::ostream& out,
                       const std::vector<CheckedFile>& files,
-                      const std::vector<Rule>& known,
+                      const std::vector<const Rule*>& known,
                       const std::string& version) {
     const Json driver = {{"name", "qvgraph"},
                          {"version", version},

@@ -1,4 +1,4 @@
-// Findings as SARIF 2.1.0, for services and editors that gather them.
+// Findings as SARIF 2.1.0, for services and editors that collect findings.
 #ifndef QVGRAPH_RENDER_CHECK_SARIF_H_
 #define QVGRAPH_RENDER_CHECK_SARIF_H_
 
@@ -10,16 +10,17 @@
 
 namespace qvgraph {
 
-// Writes one log with one run, always valid UTF-8. The run describes all of
-// `known`, among which is the rule of every finding; `version` is the tool's.
+// Writes one log with one run, always valid UTF-8. The run describes the rules in
+// `known`, which must include the rule of every finding; `version` is that of
+// the tool.
 //
-// A path that is relative stays so: it is for the reader to say to what. A
-// finding's fingerprint hashes its code and its pointer, so that it stays the
-// same when lines move; ":2" behind it tells the second one of a file that has
-// the same hash from the first.
+// A relative path stays relative; the reader decides to what. The fingerprint of
+// a finding is a hash of its code and its pointer, so it does not change when
+// lines move. A number follows it, ":2" for the second finding of a file with
+// the same hash.
 void renderCheckSarif(std::ostream& out,
                       const std::vector<CheckedFile>& files,
-                      const std::vector<Rule>& known,
+                      const std::vector<const Rule*>& known,
                       const std::string& version);
 
 }  // namespace qvgraph

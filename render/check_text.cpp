@@ -65,9 +65,9 @@ void Report::write(const Finding& finding) {
 
 void Report::writeHead(const Span& span, Severity severity, const std::string& message) {
     const Position position = mFile.source->position(span.begin);
-    const std::string place = printable(mFile.name) + ':' + std::to_string(position.line) + ':' +
-                              std::to_string(position.column) + ':';
-    mOut << paint(place, BOLD) << ' '
+    const std::string location = printable(mFile.name) + ':' + std::to_string(position.line) + ':' +
+                                 std::to_string(position.column) + ':';
+    mOut << paint(location, BOLD) << ' '
          << paint(std::string(toText(severity)) + ':', colourOf(severity)) << ' '
          << printable(message);
 }

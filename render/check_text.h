@@ -1,4 +1,4 @@
-// Findings as text for people, in the shape that compilers give theirs.
+// Findings as text for people, in the format of a compiler.
 #ifndef QVGRAPH_RENDER_CHECK_TEXT_H_
 #define QVGRAPH_RENDER_CHECK_TEXT_H_
 
@@ -9,18 +9,22 @@
 
 namespace qvgraph {
 
-// Writes each finding with the line that it is about, the places that have to
-// do with it, and what to change, an empty line between two findings:
+// Writes each finding with its line, its related locations and its hint. An
+// empty line separates two findings:
 //
-//   door.json:3:14: warning: 'fps' stands here again: ... [duplicate-key]
-//       3 |              "fps": 30}
+//   door.json:3:14: warning: 'fps' is already in this object [twice]
+//       3 |              "fps": 30},
 //         |              ^~~~~
-//   door.json:2:14: note: this one is lost
+//   door.json:2:14: note: overridden here
 //       2 |   "link_0": {"fps": 25,
 //         |              ^~~~~
 //         = hint: remove one of the two
 //
-// In colour when `colour` is set. Writes nothing where nothing was found.
+//   door.json:4:3: error: 'link_x' has no number [no-number]
+//       4 |   "link_x": {}
+//         |   ^~~~~~~~
+//
+// Uses colours if `colour` is set. Writes nothing if there are no findings.
 void renderCheckText(std::ostream& out, const std::vector<CheckedFile>& files, bool colour);
 
 }  // namespace qvgraph

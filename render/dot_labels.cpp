@@ -4,11 +4,11 @@
 #include <cstddef>
 #include <vector>
 
-#include "check/graph.h"
-#include "check/words.h"
+#include "check/directed_graph.h"
 #include "render/dot_text.h"
 #include "render/draw_words.h"
 #include "render/text.h"
+#include "survey/words.h"
 
 namespace qvgraph {
 
@@ -26,7 +26,7 @@ const Colour& lineColourOf(Severity severity) {
     return severity == Severity::Error ? ERROR_LINE : WARNING_LINE;
 }
 
-std::string shown(const std::string& text) {
+std::string shown(std::string_view text) {
     return dotHtml(clipped(text, NAME_COLUMNS));
 }
 
@@ -57,8 +57,8 @@ std::string headingRow(const Colour& colour, const std::string& head, const std:
            dotFont(FAINT_INK, SMALL, dotHtml(text));
 }
 
-// Whether something leads back. The streams stand behind the nodes: many nodes may
-// give and take one.
+// Whether the pipe has a cycle. A stream is a vertex, after the nodes, since many
+// nodes may produce and consume it.
 bool hasCycle(const DrawnPipe& pipe) {
     const size_t nodes = pipe.nodes.size();
     Edges edges(nodes + pipe.streams.size());
@@ -73,9 +73,9 @@ bool hasCycle(const DrawnPipe& pipe) {
     return !cyclesIn(edges).empty();
 }
 
-// An empty row. What leads back is drawn in an arc above the nodes, which would
-// cross the text that ends there.
-std::string roomForArcs() {
+// An empty row. The feedback of a cycle is drawn as an arc above the nodes, which
+// would cross the text there.
+std::string spaceForArcs() {
     return dotFont(INK, 2 * HEADING, "&#160;");
 }
 
@@ -88,18 +88,19 @@ const Colour& lineColourOf(const Findings& findings, const Colour& otherwise) {
 
 std::string titleLabel(const Drawing& drawing) {
     Lines rows = {headingRow(INK, drawing.title, summaryOf(drawing))};
-    if (takesNewestOnly(drawing)) {
-        rows.push_back(dotFont(FAINT_INK, SMALL, dotHtml("- - - >>  takes the newest item only")));
+    if (hasLatestOnly(drawing)) {
+        rows.push_back(
+            dotFont(FAINT_INK, SMALL, dotHtml("- - - >>  input keeps the latest item only")));
     }
     appendLegend(legendOf(drawing), &rows);
     return dotRows(rows);
 }
 
 std::string pipeLabel(const Drawing& drawing, const DrawnPipe& pipe) {
-    Lines rows = {headingRow(lineColourOf(pipe.findings, INK), *pipe.pipe->key, factsOf(pipe))};
+    Lines rows = {headingRow(lineColourOf(pipe.findings, INK), keyOf(pipe), factsOf(pipe))};
     appendLegend(legendOf(drawing, pipe), &rows);
     if (hasCycle(pipe)) {
-        rows.push_back(roomForArcs());
+        rows.push_back(spaceForArcs());
     }
     return dotRows(rows);
 }
@@ -122,7 +123,8 @@ std::string nodeLabel(const DrawnNode& node, bool options) {
 
 std::string streamLabel(const DrawnStream& stream) {
     const std::string format = formatTextOf(formatOf(stream));
-    return dotPadded(dotLines({shown(stream.name), dotFont(FAINT_INK, TINY, dotHtml(format))}));
+    return dotPadded(
+        dotLines({shown(stream.stream->name), dotFont(FAINT_INK, TINY, dotHtml(format))}));
 }
 
 std::string remarkLabel(const std::vector<Remark>& remarks) {

@@ -1,6 +1,6 @@
-// What stands on the things in a graph for Graphviz; part of render.
+// The labels of a graph for Graphviz; part of render.
 //
-// Each is a label of HTML's kind, without the angle brackets around it.
+// Each is an HTML-like label, without the angle brackets around it.
 #ifndef QVGRAPH_RENDER_DOT_LABELS_H_
 #define QVGRAPH_RENDER_DOT_LABELS_H_
 
@@ -13,22 +13,22 @@
 
 namespace qvgraph {
 
-// The colour of what has such findings, or the other one.
+// The colour for the worst of the findings, or `otherwise` if nothing is painted.
 const Colour& lineColourOf(const Findings& findings, const Colour& otherwise);
 
-// The name of the file, what is in it, and what the marks mean that occur.
+// The name of the file, a summary, and the meaning of the marks that occur.
 std::string titleLabel(const Drawing& drawing);
 
-// The head of a pipe, its executors, links and findings.
+// The heading of a pipe, its executors, links and findings.
 std::string pipeLabel(const Drawing& drawing, const DrawnPipe& pipe);
 
 // Name, key, findings and, on request, options.
 std::string nodeLabel(const DrawnNode& node, bool options);
 
-// The name and the format that it is given with, or else taken with.
+// The name, and the format of formatOf() (render/draw_words.h).
 std::string streamLabel(const DrawnStream& stream);
 
-// Remarks under each other.
+// Remarks, one per line.
 std::string remarkLabel(const std::vector<Remark>& remarks);
 
 }  // namespace qvgraph

@@ -14,17 +14,18 @@ const char* const WORD_JOINER = "\xe2\x81\xa0";  // invisible
 const char* const TABLE_BEGIN =
     "<TABLE BORDER=\"0\" CELLBORDER=\"0\" CELLSPACING=\"0\" CELLPADDING=\"2\">";
 
-// Two code points that are fit to print are not fit for XML.
+// XML does not allow two of the printable code points.
 void replaceNonXml(std::string* text) {
-    for (const char* none : {"\xef\xbf\xbe", "\xef\xbf\xbf"}) {
-        for (size_t at = text->find(none); at != std::string::npos; at = text->find(none, at)) {
+    for (const char* invalid : {"\xef\xbf\xbe", "\xef\xbf\xbf"}) {
+        for (size_t at = text->find(invalid); at != std::string::npos;
+             at = text->find(invalid, at)) {
             text->replace(at, 3, REPLACEMENT);
         }
     }
 }
 
-// Whether Graphviz would put a name in place of what begins here, \N or the
-// like. In such a label nothing keeps it from that but to part the two.
+// Whether Graphviz would replace what begins here, such as \N, with a name. In an
+// HTML-like label, only a character in between prevents that.
 bool beginsEscape(const std::string& text, size_t at) {
     return text[at] == '\\' && at + 1 < text.size() && strchr("EGHLNT", text[at + 1]) != nullptr;
 }
@@ -35,7 +36,7 @@ std::string dotString(const std::string& printable) {
     std::string text = "\"";
     for (const char c : printable) {
         if (c == '&') {
-            text += "&amp;";  // or else it may begin an entity
+            text += "&amp;";  // otherwise it may begin an entity
             continue;
         }
         if (c == '"' || c == '\\') {

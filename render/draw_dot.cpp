@@ -12,11 +12,11 @@ namespace qvgraph {
 
 namespace {
 
-// DejaVu and Verdana are as wide as each other: text that was laid out in one
-// fits its box in the other.
+// DejaVu and Verdana have the same widths: text that is laid out in one fits its
+// box in the other.
 const char* const FONT = "DejaVu Sans,Verdana,sans-serif";
 
-// Beyond so many, the layout is allowed to be less than the best.
+// With more nodes, the layout may be worse but takes less time.
 const size_t MANY_NODES = 400;
 
 size_t countNodes(const Drawing& drawing) {
@@ -27,7 +27,7 @@ size_t countNodes(const Drawing& drawing) {
     return nodes;
 }
 
-// What browsers show of a thing with these findings: a sentence for each.
+// The tooltip of a thing: its description and its findings.
 std::string tooltipOf(const std::string& thing, const Findings& findings) {
     std::string text = thing;
     for (const Finding* finding : paintedOf(findings)) {
@@ -44,28 +44,29 @@ std::string tooltipOf(const DrawnNode& drawn) {
                      drawn.findings);
 }
 
-// The name of a node in the graph: its key, if it is the only one there can be.
+// The name of a node in the graph: its key if its id maps back to it, otherwise
+// its position.
 std::string nameInGraph(const DrawnPipe& pipe, size_t index) {
     const Node& node = *pipe.nodes[index].node;
-    return *pipe.pipe->key + '/' +
+    return keyOf(pipe) + '/' +
            (node.key == node.member ? node.member : '#' + std::to_string(index));
 }
 
-// Writes one stream: its text, and the lines to and from that.
+// Writes one stream: its text, and the lines to and from the text.
 class StreamWriter {
 public:
     StreamWriter(std::ostream& out, const DrawnPipe& pipe, size_t index)
         : mOut(out),
           mPipe(pipe),
           mStream(pipe.streams[index]),
-          mName(*pipe.pipe->key + "/stream_" + std::to_string(index)),
+          mName(keyOf(pipe) + "/stream_" + std::to_string(index)),
           mId(streamElementId(pipe, index)) {}
 
     void write() {
         writeText(mName,
                   DotAttributes()
                       .set("label", dotLabel(streamLabel(mStream)))
-                      .setString("tooltip", "stream " + printable(mStream.name))
+                      .setString("tooltip", "stream " + printable(mStream.stream->name))
                       .setString("id", mId));
         for (const DrawnEnd& end : mStream.producers) {
             writeProducer(end);
@@ -99,7 +100,7 @@ private:
              << '\n';
     }
 
-    // Where a stream begins or ends with nobody.
+    // Writes the box at a missing end.
     void writeLoose(const char* what) {
         mOut << "    " << dotString(mName + "/loose") << ' '
              << DotAttributes()
@@ -126,7 +127,8 @@ private:
         return line;
     }
 
-    // What is to be said of one end stands in the middle of its line.
+    // Writes the remarks on one end, which are in the middle of its line. Returns the
+    // name of the graph's node that the line leads to.
     std::string writeRemark(const DrawnEnd& end, const char* verb) {
         const std::vector<Remark> remarks = remarksOn(mStream, end, verb);
         if (remarks.empty()) {
@@ -134,18 +136,19 @@ private:
         }
         const std::string number = std::to_string(mRemarks++);
         std::string name = mName + "/remark_" + number;
-        writeText(name,
-                  DotAttributes()
-                      .set("label", dotLabel(remarkLabel(remarks)))
-                      .setString("id", mId + 'r' + number)
-                      .setString("tooltip",
-                                 tooltipOf("stream " + printable(mStream.name), end.findings)));
+        writeText(
+            name,
+            DotAttributes()
+                .set("label", dotLabel(remarkLabel(remarks)))
+                .setString("id", mId + 'r' + number)
+                .setString("tooltip",
+                           tooltipOf("stream " + printable(mStream.stream->name), end.findings)));
         return name;
     }
 
-    // Streams keep close to whoever gives them: their lines have weight.
+    // Streams stay close to their producers: these lines have more weight.
     void writeProducer(const DrawnEnd& end) {
-        const std::string remark = writeRemark(end, "gives");
+        const std::string remark = writeRemark(end, "produces");
         const DotAttributes line = lineOf(end.findings).set("arrowhead", "none").set("weight", "4");
         writeLine(nameInGraph(mPipe, end.node), remark, line);
         if (remark != mName) {
@@ -154,15 +157,15 @@ private:
     }
 
     void writeConsumer(const DrawnEnd& end) {
-        const std::string remark = writeRemark(end, "takes");
+        const std::string remark = writeRemark(end, "consumes");
         DotAttributes line = lineOf(end.findings);
-        if (end.newestOnly) {
+        if (end.end->latestOnly) {
             line.set("style", "dashed");
         }
         if (remark != mName) {
             writeLine(mName, remark, DotAttributes(line).set("arrowhead", "none"));
         }
-        if (end.newestOnly) {
+        if (end.end->latestOnly) {
             line.set("arrowhead", "normalnormal");
         }
         writeLine(remark, nameInGraph(mPipe, end.node), line);
@@ -195,11 +198,11 @@ void writeNode(std::ostream& out, const DrawnPipe& pipe, size_t index, bool opti
 }
 
 void writePipe(std::ostream& out, const Drawing& drawing, const DrawnPipe& pipe, bool options) {
-    out << "  subgraph " << dotString("cluster_" + *pipe.pipe->key) << " {\n    graph "
+    out << "  subgraph " << dotString("cluster_" + keyOf(pipe)) << " {\n    graph "
         << DotAttributes()
                .set("label", dotLabel(pipeLabel(drawing, pipe)))
                .set("margin", "14")
-               .setString("tooltip", *pipe.pipe->key)
+               .setString("tooltip", keyOf(pipe))
                .setString("id", elementIdOf(pipe))
                .setString("class", "pipe")
                .text()
@@ -211,7 +214,7 @@ void writePipe(std::ostream& out, const Drawing& drawing, const DrawnPipe& pipe,
         StreamWriter(out, pipe, i).write();
     }
     if (pipe.nodes.empty()) {
-        out << "    " << dotString(*pipe.pipe->key + "/empty") << ' '
+        out << "    " << dotString(keyOf(pipe) + "/empty") << ' '
             << DotAttributes()
                    .set("label", dotLabel(dotFont(FAINT_INK, 10, "no nodes")))
                    .set("shape", "plain")
@@ -272,7 +275,7 @@ std::string streamElementId(const DrawnPipe& pipe, size_t stream) {
     return elementIdOf(pipe) + 's' + std::to_string(stream);
 }
 
-// Graphviz puts the last of several clusters on top.
+// Graphviz places the last of several clusters on top.
 void renderDrawDot(std::ostream& out, const Drawing& drawing, const DotRequest& request) {
     out << "digraph " << dotString(drawing.title) << " {\n";
     writeDefaults(out, drawing);

@@ -12,14 +12,14 @@
 #include "render/draw_svg.h"
 #include "render/draw_words.h"
 #include "render/json_text.h"
-#include "render/option_value.h"
 #include "render/text.h"
+#include "survey/option_value.h"
 
 namespace qvgraph {
 
 namespace {
 
-// Printable text as text of a page.
+// A printable text as the text of a page.
 std::string htmlText(const std::string& text) {
     std::string html;
     for (const char c : text) {
@@ -63,7 +63,7 @@ std::string base64Of(std::string_view digits) {
 Json jsonOf(const Drawing& drawing, const Findings& findings) {
     return jsonArrayOf(findings, [&](const Finding* finding) {
         return Json{{"severity", toText(finding->severity)},
-                    {"place", placeOf(drawing, *finding)},
+                    {"place", locationOf(drawing, *finding)},
                     {"code", finding->code},
                     {"message", printable(finding->message)},
                     {"hint", printable(finding->hint)}};
@@ -78,12 +78,12 @@ Json jsonOf(const Options& options) {
 }
 
 std::string formatText(const DrawnEnd& end) {
-    return end.format ? printable(*end.format) : "(no format)";
+    return end.end->format != nullptr ? printable(*end.end->format) : "(no format)";
 }
 
-// An end as it is shown with the thing at its other side, which has this id.
+// An end as shown at the node or the stream on its other side, which has this id.
 Json jsonOf(const std::string& id, const DrawnEnd& end) {
-    return {{"id", id}, {"format", formatText(end)}, {"newest", end.newestOnly}};
+    return {{"id", id}, {"format", formatText(end)}, {"newest", end.end->latestOnly}};
 }
 
 // The streams of each node of a pipe.
@@ -106,9 +106,17 @@ std::vector<NodeStreams> streamsByNode(const DrawnPipe& pipe) {
     return nodes;
 }
 
+Json jsonOf(const std::vector<const Option*>& options) {
+    return jsonArrayOf(options, [](const Option* option) {
+        return Json::array({printable(untilNul(option->member->key)),
+                            typeName(*option->stored),
+                            valueTextOf(*option->stored)});
+    });
+}
+
 std::string outcomeTextOf(const Node& node) {
     if (node.key != node.member) {
-        return "none: its id leads elsewhere";
+        return "not set up: its id maps to a different key";
     }
     const std::string outcome = toText(node.outcome);
     return node.message.empty() ? outcome : outcome + ": " + printable(node.message);
@@ -127,12 +135,12 @@ Json jsonOf(const Drawing& drawing,
             {"class", name.className},
             {"outcome", outcomeTextOf(node)},
             {"findings", jsonOf(drawing, drawn.findings)},
-            {"options", jsonOf(node.stored)},
+            {"options", jsonOf(storedOptions(node))},
             {"inputs", streams.inputs},
             {"outputs", streams.outputs}};
 }
 
-// With what is said of its ends.
+// The findings of a stream and of its ends.
 Findings findingsOf(const DrawnStream& stream) {
     Findings findings = stream.findings;
     for (const auto* ends : {&stream.producers, &stream.consumers}) {
@@ -149,7 +157,7 @@ Json jsonOf(const Drawing& drawing, const DrawnPipe& pipe, size_t index) {
         return jsonOf(nodeElementId(pipe, end.node), end);
     };
     return {{"id", streamElementId(pipe, index)},
-            {"name", printable(stream.name)},
+            {"name", printable(stream.stream->name)},
             {"findings", jsonOf(drawing, findingsOf(stream))},
             {"producers", jsonArrayOf(stream.producers, toJson)},
             {"consumers", jsonArrayOf(stream.consumers, toJson)}};
@@ -172,7 +180,7 @@ Json jsonOf(const Drawing& drawing, const DrawnPipe& pipe) {
         allStreams.push_back(jsonOf(drawing, pipe, i));
     }
     return {{"id", elementIdOf(pipe)},
-            {"key", *pipe.pipe->key},
+            {"key", keyOf(pipe)},
             {"facts", factsOf(pipe)},
             {"findings", jsonOf(drawing, pipe.allFindings)},
             {"executors", jsonOf(pipe.executors)},
@@ -181,7 +189,7 @@ Json jsonOf(const Drawing& drawing, const DrawnPipe& pipe) {
             {"streams", std::move(allStreams)}};
 }
 
-// JSON without a '<': nothing in it ends the element that it stands in.
+// JSON without a '<', so that nothing in it ends the element around it.
 std::string dataOf(const Drawing& drawing) {
     const Json data = {{"title", drawing.title},
                        {"findings", jsonOf(drawing, drawing.findings)},
@@ -204,10 +212,10 @@ const char* const BODY_BEGIN = R"html(</p>
 <input id="ui-search" type="search" placeholder="Search nodes and streams ( / )" aria-label="Search nodes and streams" autocomplete="off" spellcheck="false">
 <ul id="ui-results" hidden></ul>
 </div>
-<button id="ui-out" type="button" title="Smaller ( - )" aria-label="Smaller">-</button>
-<button id="ui-in" type="button" title="Larger ( + )" aria-label="Larger">+</button>
-<button id="ui-fit" type="button" title="All of it ( 0 )">Fit</button>
-<button id="ui-theme" type="button" title="Light, dark, or as the system is">Theme: auto</button>
+<button id="ui-out" type="button" title="Zoom out ( - )" aria-label="Zoom out">-</button>
+<button id="ui-in" type="button" title="Zoom in ( + )" aria-label="Zoom in">+</button>
+<button id="ui-fit" type="button" title="Show everything ( 0 )">Fit</button>
+<button id="ui-theme" type="button" title="Light, dark, or the theme of the system">Theme: auto</button>
 </header>
 <main>
 <div id="ui-stage">

@@ -1,4 +1,4 @@
-// The picture of a configuration as one page, to look around in.
+// The picture of a configuration as an interactive page.
 #ifndef QVGRAPH_RENDER_DRAW_HTML_H_
 #define QVGRAPH_RENDER_DRAW_HTML_H_
 
@@ -9,13 +9,13 @@
 
 namespace qvgraph {
 
-// Writes a page that needs nothing else: `svg` is what the program "dot" has
-// made of the drawing's graph (render/draw_dot.h). One can move and zoom, search
-// for nodes and streams, and have each told with its options, its streams and
-// its findings.
+// Writes a self-contained page. `svg` is the picture that the program "dot" drew of
+// the drawing's graph (render/draw_dot.h). The reader can pan and zoom, search for
+// nodes and streams, and select one to see its options, streams and findings.
 //
-// The page runs its own script and no other: whatever a configuration holds is
-// text in it, and its policy (CSP) lets nothing else run or be fetched.
+// The page runs only its own script. Nothing in a configuration can become
+// anything but text in the page, and the page's policy (CSP) prevents everything
+// else from being run or fetched.
 void renderDrawHtml(std::ostream& out, const Drawing& drawing, const std::string& svg);
 
 }  // namespace qvgraph

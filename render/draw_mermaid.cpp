@@ -35,9 +35,9 @@ bool isSafe(const std::string& text, size_t at) {
            strchr(" _,/()=", c) != nullptr || ((c == '-' || c == '.') && isWithinWord(text, at));
 }
 
-// A printable text in a label. What could mean something to Mermaid, to its
-// Markdown or to HTML is a code point in numbers; a text that has those must
-// have no colon either.
+// A printable text in a label. A character that has a meaning in Mermaid, in its
+// Markdown or in HTML is written as the number of its code point. A text with such
+// numbers must not contain a colon either.
 std::string labelText(const std::string& printable) {
     std::string text;
     for (size_t i = 0; i < printable.size(); ++i) {
@@ -50,7 +50,7 @@ std::string labelText(const std::string& printable) {
     return text;
 }
 
-// In quotes, one line under the other.
+// A quoted label of several lines.
 std::string label(const Lines& lines) {
     std::string text;
     for (const std::string& line : lines) {
@@ -76,7 +76,7 @@ public:
         : mOut(out), mDrawing(drawing), mRequest(request) {}
 
     void write() {
-        // Labels are as wide as their lines.
+        // Labels do not wrap their lines.
         mOut << "%%{init: {\"flowchart\": {\"wrappingWidth\": 900}}}%%\nflowchart LR\n";
         writeLegend("legend", legendOf(mDrawing));
         for (const DrawnPipe& pipe : mDrawing.pipes) {
@@ -88,10 +88,10 @@ public:
 private:
     void writePipe(const DrawnPipe& pipe) {
         const std::string id = elementIdOf(pipe);
-        mOut << "  subgraph " << id << '[' << label({*pipe.pipe->key + ": " + factsOf(pipe)})
+        mOut << "  subgraph " << id << '[' << label({keyOf(pipe) + ": " + factsOf(pipe)})
              << "]\n    direction LR\n";
         if (writeLegend(id + "legend", legendOf(mDrawing, pipe)) && !pipe.nodes.empty()) {
-            // In front of the nodes: an edge that is not seen keeps it there.
+            // An invisible edge keeps the legend before the nodes.
             mOut << "    " << id << "legend ~~~ " << nodeElementId(pipe, 0) << '\n';
             ++mEdges;
         }
@@ -104,7 +104,7 @@ private:
         mOut << "  end\n";
     }
 
-    // Whether there is one.
+    // Returns whether there is one.
     bool writeLegend(const std::string& id, const std::vector<LegendLine>& legend) {
         Lines lines;
         for (const LegendLine& line : legend) {
@@ -136,7 +136,8 @@ private:
 
     void writeStream(const DrawnPipe& pipe, size_t index) {
         const DrawnStream& stream = pipe.streams[index];
-        const Lines lines = {clipped(stream.name, NAME_COLUMNS), formatTextOf(formatOf(stream))};
+        const Lines lines = {clipped(stream.stream->name, NAME_COLUMNS),
+                             formatTextOf(formatOf(stream))};
         if (stream.producers.size() == 1 && stream.consumers.size() == 1) {
             writeOneToOne(pipe, stream, lines);
             return;
@@ -145,12 +146,12 @@ private:
         mOut << "    " << id << "([" << label(lines) << "])\n";
         for (const DrawnEnd& end : stream.producers) {
             Lines remarks;
-            append(remarksOn(stream, end, "gives"), &remarks);
+            append(remarksOn(stream, end, "produces"), &remarks);
             writeEdge({nodeElementId(pipe, end.node), "---", id, remarks, end.findings});
         }
         for (const DrawnEnd& end : stream.consumers) {
             Lines remarks;
-            appendTaking(stream, end, &remarks);
+            appendConsumer(stream, end, &remarks);
             writeEdge({id, arrowOf(end), nodeElementId(pipe, end.node), remarks, end.findings});
         }
         if (stream.producers.empty()) {
@@ -166,8 +167,8 @@ private:
     void writeOneToOne(const DrawnPipe& pipe, const DrawnStream& stream, Lines lines) {
         const DrawnEnd& from = stream.producers.front();
         const DrawnEnd& to = stream.consumers.front();
-        append(remarksOn(stream, from, "gives"), &lines);
-        appendTaking(stream, to, &lines);
+        append(remarksOn(stream, from, "produces"), &lines);
+        appendConsumer(stream, to, &lines);
         Findings findings = from.findings;
         findings.insert(findings.end(), to.findings.begin(), to.findings.end());
         writeEdge({nodeElementId(pipe, from.node),
@@ -184,15 +185,15 @@ private:
              << "    style " << id << "loose stroke-dasharray:5 4\n";
     }
 
-    static void appendTaking(const DrawnStream& stream, const DrawnEnd& end, Lines* lines) {
-        append(remarksOn(stream, end, "takes"), lines);
-        if (end.newestOnly) {
-            lines->emplace_back("newest only");
+    static void appendConsumer(const DrawnStream& stream, const DrawnEnd& end, Lines* lines) {
+        append(remarksOn(stream, end, "consumes"), lines);
+        if (end.end->latestOnly) {
+            lines->emplace_back("latest only");
         }
     }
 
     static const char* arrowOf(const DrawnEnd& consumer) {
-        return consumer.newestOnly ? "-.->" : "-->";
+        return consumer.end->latestOnly ? "-.->" : "-->";
     }
 
     struct Edge {
@@ -228,7 +229,7 @@ private:
     const Drawing& mDrawing;
     const MermaidRequest& mRequest;
     size_t mEdges = 0;
-    std::map<Severity, std::string> mPainted;  // which edges, separated by commas
+    std::map<Severity, std::string> mPainted;  // the numbers of edges, separated by commas
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The picture of a configuration as a flowchart for Mermaid, which many sites
-// draw where it stands in a page.
+// draw within a page.
 #ifndef QVGRAPH_RENDER_DRAW_MERMAID_H_
 #define QVGRAPH_RENDER_DRAW_MERMAID_H_
 
@@ -13,9 +13,9 @@ struct MermaidRequest {
     bool options = false;  // nodes show their options
 };
 
-// Writes the flowchart: the same things as for Graphviz (render/draw_dot.h). A
-// stream from one node to another is an edge; any other is a node of its own,
-// with edges to and from it.
+// Writes the flowchart, which shows the same as the graph for Graphviz
+// (render/draw_dot.h). A stream from one node to another is an edge; any other is
+// a separate node, with edges to and from it.
 void renderDrawMermaid(std::ostream& out, const Drawing& drawing, const MermaidRequest& request);
 
 }  // namespace qvgraph

@@ -1,5 +1,5 @@
-// The picture that Graphviz makes of a graph (render/draw_dot.h), as an SVG
-// that stands alone.
+// The picture that Graphviz draws of a graph (render/draw_dot.h), as a
+// self-contained SVG.
 #ifndef QVGRAPH_RENDER_DRAW_SVG_H_
 #define QVGRAPH_RENDER_DRAW_SVG_H_
 
@@ -9,15 +9,15 @@
 
 namespace qvgraph {
 
-// Writes the SVG that the program "dot" has made, with colours for whoever
-// prefers a dark ground. REQUIRES: it holds an element <svg>.
+// Writes the SVG that the program "dot" wrote, and adds colours for readers who
+// prefer a dark background. REQUIRES: it contains an element <svg>.
 void renderDrawSvg(std::ostream& out, const std::string& svg);
 
-// That element alone, as it stands in a page.
+// Only that element, for a page.
 std::string_view svgElementIn(const std::string& svg);
 
-// Style rules that put the dark colours (render/palette.h) in place of the
-// light ones, below what the selector selects.
+// Style rules that replace the light colours (render/palette.h) with the dark
+// ones, within the elements of the selector.
 std::string darkStyle(const std::string& selector);
 
 }  // namespace qvgraph

@@ -8,20 +8,20 @@
 #include <variant>
 #include <vector>
 
-#include "check/words.h"
-#include "render/option_value.h"
 #include "render/text.h"
 #include "survey/keys.h"
+#include "survey/option_value.h"
+#include "survey/words.h"
 
 namespace qvgraph {
 
 namespace {
 
 const char* const CUT = "...";
-const size_t MOST_CODES = 4;
-const size_t MOST_SETS = 40;
-const size_t MOST_FINDINGS = 12;
-const size_t MOST_OPTIONS = 30;
+const size_t MAX_CODES = 4;
+const size_t MAX_SETS = 40;
+const size_t MAX_FINDINGS = 12;
+const size_t MAX_OPTIONS = 30;
 const size_t VALUE_COLUMNS = 32;
 
 bool isOf(const Finding& finding, Severity severity) {
@@ -35,7 +35,7 @@ size_t countOf(const Findings& findings, Severity severity) {
         }));
 }
 
-// Where the code point at a column begins in a printable text that is longer.
+// The byte at which the code point at a column begins; the text must be longer.
 size_t byteOf(const std::string& printable, size_t column) {
     size_t byte = 0;
     for (; column > 0; --column) {
@@ -46,22 +46,26 @@ size_t byteOf(const std::string& printable, size_t column) {
     return byte;
 }
 
-// Shown as title or as a stream.
-bool isShownOtherwise(const std::string& key) {
+// Whether the title of a node or its streams show the option.
+bool isShownElsewhere(std::string_view key) {
     return key == "node_name" || key == "stream_mode_in" || hasPrefix(key, "stream_input") ||
            hasPrefix(key, "stream_output") || hasPrefix(key, "stream_fmt_in") ||
            hasPrefix(key, "stream_fmt_out");
 }
 
-// Where the id leads elsewhere, what is set up is not what stands here.
+// If the id maps to a different key, the node that is set up is not this member.
 std::string nameIn(const Node& node) {
     if (node.key == node.member) {
         return node.name;
     }
-    const auto found = node.stored.find("node_name");
-    const bool isText =
-        found != node.stored.end() && std::holds_alternative<std::string>(found->second);
-    return isText ? std::get<std::string>(found->second) : "";
+    const std::string* const name = storedString(node, "node_name");
+    return name == nullptr ? "" : *name;
+}
+
+bool hasLatestOnlyConsumer(const DrawnStream& stream) {
+    return std::any_of(stream.consumers.begin(), stream.consumers.end(), [](const DrawnEnd& end) {
+        return end.end->latestOnly;
+    });
 }
 
 template <typename Item>
@@ -70,18 +74,18 @@ std::string keyText(const Item& item) {
     return item.key == item.member ? member : member + " (id " + std::to_string(item.id) + ')';
 }
 
-std::string andMore(size_t all, size_t most) {
-    return "and " + std::to_string(all - most) + " more";
+std::string andMore(size_t all, size_t max) {
+    return "and " + std::to_string(all - max) + " more";
 }
 
 void appendSets(const std::vector<DrawnSet>& sets, std::vector<LegendLine>* lines) {
-    for (size_t i = 0; i < std::min(sets.size(), MOST_SETS); ++i) {
+    for (size_t i = 0; i < std::min(sets.size(), MAX_SETS); ++i) {
         lines->push_back({worstOf(sets[i].findings),
                           keyTextOf(*sets[i].set),
                           optionsTextOf(sets[i].set->options)});
     }
-    if (sets.size() > MOST_SETS) {
-        lines->push_back({std::nullopt, "", andMore(sets.size(), MOST_SETS)});
+    if (sets.size() > MAX_SETS) {
+        lines->push_back({std::nullopt, "", andMore(sets.size(), MAX_SETS)});
     }
 }
 
@@ -89,14 +93,14 @@ void appendFindings(const Drawing& drawing,
                     const Findings& findings,
                     std::vector<LegendLine>* lines) {
     const Findings painted = paintedOf(findings);
-    for (size_t i = 0; i < std::min(painted.size(), MOST_FINDINGS); ++i) {
+    for (size_t i = 0; i < std::min(painted.size(), MAX_FINDINGS); ++i) {
         const Finding& finding = *painted[i];
         lines->push_back({finding.severity,
-                          toText(finding.severity) + (' ' + placeOf(drawing, finding)),
+                          toText(finding.severity) + (' ' + locationOf(drawing, finding)),
                           printable(finding.message) + " [" + std::string(finding.code) + ']'});
     }
-    if (painted.size() > MOST_FINDINGS) {
-        lines->push_back({std::nullopt, "", andMore(painted.size(), MOST_FINDINGS)});
+    if (painted.size() > MAX_FINDINGS) {
+        lines->push_back({std::nullopt, "", andMore(painted.size(), MAX_FINDINGS)});
     }
 }
 
@@ -126,21 +130,22 @@ std::vector<Remark> remarksOn(const Findings& findings) {
     std::vector<Remark> remarks;
     std::set<std::string_view> codes;
     for (const Finding* finding : paintedOf(findings)) {
-        if (codes.insert(finding->code).second && codes.size() <= MOST_CODES) {
+        if (codes.insert(finding->code).second && codes.size() <= MAX_CODES) {
             remarks.push_back({finding->severity,
                                toText(finding->severity) + (": " + std::string(finding->code))});
         }
     }
-    if (codes.size() > MOST_CODES) {
-        remarks.push_back({std::nullopt, andMore(codes.size(), MOST_CODES)});
+    if (codes.size() > MAX_CODES) {
+        remarks.push_back({std::nullopt, andMore(codes.size(), MAX_CODES)});
     }
     return remarks;
 }
 
 std::vector<Remark> remarksOn(const DrawnStream& stream, const DrawnEnd& end, const char* verb) {
     std::vector<Remark> remarks = remarksOn(end.findings);
-    if (end.format != formatOf(stream)) {
-        remarks.insert(remarks.begin(), {std::nullopt, verb + (' ' + formatTextOf(end.format))});
+    if (formatTextOf(end.end->format) != formatTextOf(formatOf(stream))) {
+        remarks.insert(remarks.begin(),
+                       {std::nullopt, verb + (' ' + formatTextOf(end.end->format))});
     }
     return remarks;
 }
@@ -164,12 +169,15 @@ std::vector<LegendLine> legendOf(const Drawing& drawing) {
     return lines;
 }
 
-const std::optional<std::string>& formatOf(const DrawnStream& stream) {
-    return (stream.producers.empty() ? stream.consumers : stream.producers).front().format;
+const std::string* formatOf(const DrawnStream& stream) {
+    return (stream.producers.empty() ? stream.consumers : stream.producers).front().end->format;
 }
 
-std::string formatTextOf(const std::optional<std::string>& format) {
-    return format ? clipped(*format, NAME_COLUMNS) : "(no format)";
+std::string formatTextOf(const std::string* format) {
+    if (format == nullptr) {
+        return "(no format)";
+    }
+    return clipped(*format, NAME_COLUMNS);
 }
 
 std::string factsOf(const DrawnPipe& pipe) {
@@ -178,20 +186,13 @@ std::string factsOf(const DrawnPipe& pipe) {
            ", default link mode " + clipped(pipe.pipe->linkMode, NAME_COLUMNS);
 }
 
-bool takesNewestOnly(const Drawing& drawing) {
-    for (const DrawnPipe& pipe : drawing.pipes) {
-        for (const DrawnStream& stream : pipe.streams) {
-            for (const DrawnEnd& end : stream.consumers) {
-                if (end.newestOnly) {
-                    return true;
-                }
-            }
-        }
-    }
-    return false;
+bool hasLatestOnly(const Drawing& drawing) {
+    return std::any_of(drawing.pipes.begin(), drawing.pipes.end(), [](const DrawnPipe& pipe) {
+        return std::any_of(pipe.streams.begin(), pipe.streams.end(), hasLatestOnlyConsumer);
+    });
 }
 
-std::string placeOf(const Drawing& drawing, const Finding& finding) {
+std::string locationOf(const Drawing& drawing, const Finding& finding) {
     const Position position = drawing.file->source->position(finding.span.begin);
     return std::to_string(position.line) + ':' + std::to_string(position.column);
 }
@@ -229,6 +230,10 @@ NodeName nameOf(const Node& node) {
     return {printable(name.substr(0, label)), printable(name.substr(label))};
 }
 
+std::string keyOf(const DrawnPipe& pipe) {
+    return std::string(pipe.pipe->value->key);
+}
+
 std::string keyTextOf(const Node& node) {
     return keyText(node);
 }
@@ -263,14 +268,15 @@ std::string optionsTextOf(const Options& options) {
 std::vector<OptionLine> optionLinesOf(const Node& node) {
     std::vector<OptionLine> lines;
     size_t count = 0;
-    for (const auto& [key, value] : node.stored) {
-        if (!isShownOtherwise(key) && ++count <= MOST_OPTIONS) {
+    for (const Option* option : storedOptions(node)) {
+        const std::string_view key = untilNul(option->member->key);
+        if (!isShownElsewhere(key) && ++count <= MAX_OPTIONS) {
             lines.push_back(
-                {clipped(key, NAME_COLUMNS), clipped(valueTextOf(value), VALUE_COLUMNS)});
+                {clipped(key, NAME_COLUMNS), clipped(valueTextOf(*option->stored), VALUE_COLUMNS)});
         }
     }
-    if (count > MOST_OPTIONS) {
-        lines.push_back({"", andMore(count, MOST_OPTIONS)});
+    if (count > MAX_OPTIONS) {
+        lines.push_back({"", andMore(count, MAX_OPTIONS)});
     }
     return lines;
 }

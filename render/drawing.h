@@ -1,5 +1,5 @@
-// What a picture of a configuration shows, whatever it is drawn with: pipes of
-// nodes, the streams between them, and the findings on whatever they concern.
+// What a picture of a configuration shows in addition to the model: which
+// findings belong to which pipe, node, stream or end of a stream.
 #ifndef QVGRAPH_RENDER_DRAWING_H_
 #define QVGRAPH_RENDER_DRAWING_H_
 
@@ -18,23 +18,20 @@ using Findings = std::vector<const Finding*>;
 // One end of a stream, at a node.
 struct DrawnEnd {
     size_t node = 0;  // its position in the pipe
-    std::optional<std::string> format;
-    bool newestOnly = false;  // inputs only
+    const StreamEnd* end = nullptr;
     Findings findings;
 };
 
-// A stream by its name, as far as the configuration says who gives and who
-// takes it, whatever set-up reached.
 struct DrawnStream {
-    std::string name;
-    std::vector<DrawnEnd> producers;  // none or several where the configuration is wrong
+    const Stream* stream = nullptr;
+    std::vector<DrawnEnd> producers;
     std::vector<DrawnEnd> consumers;
-    Findings findings;  // that nobody gives it, or that nobody takes it
+    Findings findings;  // that apply to the entire stream
 };
 
 struct DrawnNode {
     const Node* node = nullptr;
-    Findings findings;  // but those on its streams
+    Findings findings;  // except those on its streams
 };
 
 // An executor or a link.
@@ -43,13 +40,14 @@ struct DrawnSet {
     Findings findings;
 };
 
+// Everything in the model's order.
 struct DrawnPipe {
     const Pipe* pipe = nullptr;
     std::vector<DrawnSet> executors;
     std::vector<DrawnSet> links;
-    std::vector<DrawnNode> nodes;  // in the parser's order
+    std::vector<DrawnNode> nodes;
     std::vector<DrawnStream> streams;
-    Findings findings;     // on what is no node, no stream and no option set
+    Findings findings;     // on none of the above
     Findings allFindings;  // all in this pipe
 };
 
@@ -60,7 +58,7 @@ struct Drawing {
     Findings findings;  // those in none of the pipes
 };
 
-// Arranges what a check has found out, or one pipe of it: that with the index
+// Arranges the findings of a check, or only those of the pipe with the index
 // `pipe`. REQUIRES: the file loads. It must outlive the drawing.
 Drawing drawingOf(const CheckedFile& file, std::optional<int> pipe);
 

@@ -14,21 +14,21 @@ namespace {
 
 const char* const ELLIPSIS = "...";
 
-// With the gutter before it a line ends at the column 100.
-const size_t MOST_COLUMNS = 92;
-const size_t MOST_COLUMNS_OF_CUT = MOST_COLUMNS - 2 * 3;
+// Together with its gutter, a line has at most 100 columns.
+const size_t MAX_COLUMNS = 92;
+const size_t MAX_COLUMNS_OF_CUT = MAX_COLUMNS - 2 * 3;
 
-// The longest code point, in bytes.
-const size_t LONGEST = 4;
+// The maximum number of bytes in a code point.
+const size_t MAX_BYTES = 4;
 
 bool isContinuation(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
-// How many bytes the code point at the beginning of a text has; 1 for a byte
-// that is no UTF-8.
+// The number of bytes in the first code point of a text; 1 for a byte that is not
+// UTF-8.
 size_t lengthOfFirst(std::string_view text) {
-    for (size_t length = 1; length <= std::min(text.size(), LONGEST); ++length) {
+    for (size_t length = 1; length <= std::min(text.size(), MAX_BYTES); ++length) {
         const std::string_view bytes = text.substr(0, length);
         if (utf8::is_valid(bytes.begin(), bytes.end())) {
             return length;
@@ -37,7 +37,7 @@ size_t lengthOfFirst(std::string_view text) {
     return 1;
 }
 
-// A code point, or a byte that is no UTF-8, as it is shown.
+// What is shown for a code point, or for a byte that is not UTF-8.
 std::string shown(std::string_view bytes) {
     if (bytes == "\t") {
         return " ";
@@ -47,22 +47,22 @@ std::string shown(std::string_view bytes) {
 
 // A part of a line, code point by code point.
 struct Cells {
-    std::vector<std::string> texts;  // what is shown of each
-    size_t marked = 0;               // the first one of the span
+    std::vector<std::string> texts;  // what is shown for each
+    size_t marked = 0;               // the first cell of the span
     size_t markedEnd = 0;
-    bool cutLeft = false;  // the line goes on
+    bool cutLeft = false;  // the line continues beyond
     bool cutRight = false;
 };
 
-// So much of a line around the bytes from `begin` to `end` as can be shown.
+// As much of a line around the bytes from `begin` to `end` as could be shown.
 Cells cellsOf(std::string_view line, size_t begin, size_t end) {
     Cells cells;
-    size_t at = begin > LONGEST * MOST_COLUMNS ? begin - LONGEST * MOST_COLUMNS : 0;
+    size_t at = begin > MAX_BYTES * MAX_COLUMNS ? begin - MAX_BYTES * MAX_COLUMNS : 0;
     while (at > 0 && at < begin && isContinuation(line[at])) {
         ++at;
     }
     cells.cutLeft = at > 0;
-    while (at < line.size() && cells.texts.size() <= cells.marked + MOST_COLUMNS) {
+    while (at < line.size() && cells.texts.size() <= cells.marked + MAX_COLUMNS) {
         const size_t length = lengthOfFirst(line.substr(at));
         const std::string_view bytes = line.substr(at, length);
         cells.texts.push_back(shown(bytes));
@@ -74,7 +74,7 @@ Cells cellsOf(std::string_view line, size_t begin, size_t end) {
     return cells;
 }
 
-// The column at which each cell begins, and that at which the last one ends.
+// The column at which each cell begins, and the column at which the last one ends.
 std::vector<size_t> columnsOfEach(const std::vector<std::string>& texts) {
     std::vector<size_t> columns = {0};
     for (const std::string& text : texts) {
@@ -83,8 +83,8 @@ std::vector<size_t> columnsOfEach(const std::vector<std::string>& texts) {
     return columns;
 }
 
-// The cells that are shown, `end` exclusive: all, or those around the marked
-// ones.
+// The cells that are shown, `end` exclusive: all of them, or those around the
+// marked ones.
 struct Window {
     size_t begin = 0;
     size_t end = 0;
@@ -92,23 +92,23 @@ struct Window {
 
 Window windowOf(const Cells& cells, const std::vector<size_t>& columns) {
     const size_t count = cells.texts.size();
-    if (!cells.cutLeft && !cells.cutRight && columns.back() <= MOST_COLUMNS) {
+    if (!cells.cutLeft && !cells.cutRight && columns.back() <= MAX_COLUMNS) {
         return {0, count};
     }
     const size_t marked = columns[cells.marked];
-    const size_t width = std::min(columns[cells.markedEnd] - marked, MOST_COLUMNS_OF_CUT / 2);
-    const size_t before = (MOST_COLUMNS_OF_CUT - width) / 2;
+    const size_t width = std::min(columns[cells.markedEnd] - marked, MAX_COLUMNS_OF_CUT / 2);
+    const size_t before = (MAX_COLUMNS_OF_CUT - width) / 2;
     Window window;
     while (columns[window.begin] + before < marked) {
         ++window.begin;
     }
     window.end = window.begin;
     while (window.end < count &&
-           columns[window.end + 1] - columns[window.begin] <= MOST_COLUMNS_OF_CUT) {
+           columns[window.end + 1] - columns[window.begin] <= MAX_COLUMNS_OF_CUT) {
         ++window.end;
     }
     while (window.end == count && window.begin > 0 &&
-           columns[count] - columns[window.begin - 1] <= MOST_COLUMNS_OF_CUT) {
+           columns[count] - columns[window.begin - 1] <= MAX_COLUMNS_OF_CUT) {
         --window.begin;
     }
     return window;

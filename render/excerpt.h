@@ -1,5 +1,5 @@
 // A line of a configuration with a marker under a part of it, as compilers show
-// where something is.
+// locations.
 #ifndef QVGRAPH_RENDER_EXCERPT_H_
 #define QVGRAPH_RENDER_EXCERPT_H_
 
@@ -10,21 +10,21 @@
 
 namespace qvgraph {
 
-// Both texts are printable (render/text.h); each tab is one blank, and a
-// byte-order mark is shown by its number.
+// Both are printable (render/text.h). A tab is shown as one blank, a byte-order
+// mark as its code point.
 //
 //   "stream_input": "framse",
 //                   ^~~~~~~~
 struct Excerpt {
-    std::string line;    // at most 92 columns; what is cut off at an end is "..."
-    std::string marker;  // under the span, or under as much of it as is in the line
+    std::string line;    // at most 92 columns; "..." replaces what is cut off
+    std::string marker;  // under the part of the span that is in the line
 };
 
 // The line on which a span begins.
 Excerpt excerptOf(const Source& source, const Span& span);
 
-// What stands before the line with that number, "   12 | ", and before what
-// belongs to it, "      | ".
+// The gutter before the line with this number, "   12 | ", and that of the lines
+// below it, "      | ".
 std::string gutterOf(size_t lineNumber);
 std::string gutterBelow(size_t lineNumber);
 

@@ -2,24 +2,27 @@
 
 #include <sstream>
 
-#include "check/words.h"
 #include "render/text.h"
+#include "survey/words.h"
 
 namespace qvgraph {
 
 namespace {
 
+std::string textOf(int number, const char* side) {
+    return number == 0 ? std::string("no ") + side + 's'
+                       : counted(static_cast<size_t>(number), side);
+}
+
+// "class Join (2 inputs, 1 output)".
 std::string textOf(const ExampleClass& nodeClass) {
-    if (!nodeClass.makesNode) {
-        return std::string("a class ") + nodeClass.name + " that makes no node";
+    const std::string name = std::string("class ") + nodeClass.name;
+    if (!nodeClass.createsNode) {
+        return name + " (creates no node)";
     }
-    const auto streams = [](int number, const char* side) {
-        return number == 0 ? std::string("no ") + side + 's'
-                           : counted(static_cast<size_t>(number), side);
-    };
-    return std::string("a class ") + nodeClass.name + " of " + streams(nodeClass.inputs, "input") +
-           " and " + streams(nodeClass.outputs, "output") +
-           (nodeClass.looksForGain ? " that looks for a float under 'gain'" : "");
+    return name + " (" + textOf(nodeClass.inputs, "input") + ", " +
+           textOf(nodeClass.outputs, "output") +
+           (nodeClass.looksUpGain ? ", looks up 'gain' as a float)" : ")");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// A rule with what the check makes of its own example.
+// A rule with the findings in its example.
 #ifndef QVGRAPH_RENDER_EXPLAINED_RULE_H_
 #define QVGRAPH_RENDER_EXPLAINED_RULE_H_
 
@@ -13,17 +13,17 @@ namespace qvgraph {
 
 struct ExplainedRule {
     const Rule* rule = nullptr;
-    CheckedFile example;  // the one that is wrong, checked as it asks for
+    CheckedFile example;  // the wrong one, checked under its conditions
 };
 
-// Under what conditions an example is wrong, "with a class Join of 2 inputs and
-// 1 output"; empty when there are none.
+// The conditions under which an example is wrong: "with class Join (2 inputs,
+// 1 output)". Empty if there are none.
 std::string conditionsOf(const RuleExample& example);
 
 // The lines of an example, printable.
 std::vector<std::string> exampleLines(std::string_view example);
 
-// A family's name as a heading: "Text".
+// The name of a family as a heading: "Text".
 std::string headingOf(const char* family);
 
 }  // namespace qvgraph

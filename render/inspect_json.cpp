@@ -6,7 +6,7 @@
 #include <variant>
 
 #include "render/json_text.h"
-#include "render/option_value.h"
+#include "survey/option_value.h"
 
 namespace qvgraph {
 
@@ -19,8 +19,8 @@ Json orNull(const std::optional<Value>& value) {
     return value ? Json(*value) : Json();
 }
 
-// A float goes through its shortest text: the double nearest to that prints
-// as it, where the float widened would print digits that it does not have.
+// A float is converted through its shortest text: the double nearest to that text
+// is written like the text, but a widened float would have more digits.
 Json jsonOf(const OptionValue& value) {
     return std::visit(
         [](const auto& plain) -> Json {
@@ -43,24 +43,24 @@ Json jsonOfOptions(const Options& options) {
     });
 }
 
-Json jsonOfSet(const OptionSet& set) {
+Json jsonOfSet(const SurveyedOptionSet& set) {
     return {{"index", set.index},
             {"id", set.id},
             {"key", orNull(set.key)},
             {"options", jsonOfOptions(set.options)}};
 }
 
-Json jsonOfOutput(const StreamEnd& end) {
+Json jsonOfOutput(const SurveyedEnd& end) {
     return {{"name", orNull(end.name)}, {"id", orNull(end.id)}, {"format", orNull(end.format)}};
 }
 
-Json jsonOfInput(const StreamEnd& end) {
+Json jsonOfInput(const SurveyedEnd& end) {
     Json input = jsonOfOutput(end);
     input["remain_newest"] = end.remainNewest;
     return input;
 }
 
-Json jsonOfNode(const Node& node) {
+Json jsonOfNode(const SurveyedNode& node) {
     return {{"index", node.index},
             {"id", node.id},
             {"key", orNull(node.key)},
@@ -70,11 +70,11 @@ Json jsonOfNode(const Node& node) {
             {"result", orNull(node.result)},
             {"message", node.message.empty() ? Json() : Json(node.message)},
             {"options", jsonOfOptions(node.options)},
-            {"inputs", jsonArrayOf(node.inputs, jsonOfInput)},
-            {"outputs", jsonArrayOf(node.outputs, jsonOfOutput)}};
+            {"inputs", jsonArrayOf(node.inputEnds, jsonOfInput)},
+            {"outputs", jsonArrayOf(node.outputEnds, jsonOfOutput)}};
 }
 
-Json jsonOfStream(const Stream& stream) {
+Json jsonOfStream(const SurveyedStream& stream) {
     return {{"name", stream.name},
             {"id", stream.id},
             {"producer", orNull(stream.producer)},
@@ -86,7 +86,7 @@ Json jsonOfClass(const NodeClass& nodeClass) {
             {"origin", nodeClass.origin.empty() ? Json() : Json(nodeClass.origin)}};
 }
 
-Json jsonOfPipe(const Pipe& pipe) {
+Json jsonOfPipe(const SurveyedPipe& pipe) {
     return {{"index", pipe.index},
             {"key", orNull(pipe.key)},
             {"threads", pipe.threads},

@@ -1,4 +1,4 @@
-// The survey of a configuration as JSON.
+// The resolved configuration as JSON.
 #ifndef QVGRAPH_RENDER_INSPECT_JSON_H_
 #define QVGRAPH_RENDER_INSPECT_JSON_H_
 
@@ -9,7 +9,7 @@
 
 namespace qvgraph {
 
-// Writes one object with a newline behind it, always valid UTF-8:
+// Writes one object and a newline, always valid UTF-8:
 //
 //   {"format_version": "1.0", "file": "door.json", "pipes": [
 //     {"index", "key", "threads", "link_mode",
@@ -21,19 +21,18 @@ namespace qvgraph {
 //                 "outputs": [{"name", "id", "format"}]}],
 //      "streams": [{"name", "id", "producer", "consumers"}]}]}
 //
-// "options" is an array of {"key", "type", "value"} in key order. What is not
-// there is null: a key that an index or id does not lead to, the result of a
-// set-up that does not return, the message of a ready node all of whose declared
-// streams are wired, the name, id and format of a stream end that was not wired,
-// a missing producer. Floats that JSON cannot write are the strings "inf",
-// "-inf" and "nan".
+// "options" is an array of {"key", "type", "value"} in key order. Absent values are
+// null: "key" if an index or id maps to no member, "result" if set-up does not
+// return, "message" for a ready node with all its declared streams wired, "name",
+// "id" and "format" of an end that is not wired, "producer" if there is none.
+// Floats that JSON cannot express are the strings "inf", "-inf" and "nan".
 void renderInspectJson(std::ostream& out, const std::string& file, const Survey& survey);
 
-// Writes one object with a newline behind it:
+// Writes one object and a newline:
 //
 //   {"format_version": "1.0", "classes": [{"name", "origin"}], "stub": true}
 //
-// "origin" is the path of a library, null for a class of the program itself.
+// "origin" is the path of a library; null for a class of the program itself.
 void renderClassesJson(std::ostream& out, const NodeClasses& classes);
 
 }  // namespace qvgraph

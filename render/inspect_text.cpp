@@ -7,8 +7,8 @@
 #include <variant>
 #include <vector>
 
-#include "render/option_value.h"
 #include "render/text.h"
+#include "survey/option_value.h"
 
 namespace qvgraph {
 
@@ -16,15 +16,15 @@ namespace {
 
 using Row = std::vector<std::string>;  // printable cells
 
-// How far the lines of a pipe are indented, by depth.
+// The indents of the lines of a pipe, by depth.
 const size_t SECTION = 2;
 const size_t ITEM = 4;
 const size_t DETAIL = 9;
 
-// A column wider than this no longer pushes the columns behind it.
+// A cell wider than this does not widen its column.
 const size_t MAX_ALIGNED = 28;
 
-// At most so many columns stand before the last cell of a row.
+// The maximum number of columns before the last cell of a row.
 const size_t MAX_BEFORE_LAST = 60;
 
 class Report {
@@ -35,11 +35,11 @@ public:
     void writeClasses(const NodeClasses& classes);
 
 private:
-    void writePipe(const Pipe& pipe);
-    void writeSets(const char* title, const std::vector<OptionSet>& sets);
-    void writeNodes(const std::vector<Node>& nodes);
-    void writeNode(const Node& node, const Row& head, const std::vector<size_t>& widths);
-    void writeStreams(const std::vector<Stream>& streams);
+    void writePipe(const SurveyedPipe& pipe);
+    void writeSets(const char* title, const std::vector<SurveyedOptionSet>& sets);
+    void writeNodes(const std::vector<SurveyedNode>& nodes);
+    void writeNode(const SurveyedNode& node, const Row& head, const std::vector<size_t>& widths);
+    void writeStreams(const std::vector<SurveyedStream>& streams);
     void writeRows(const std::vector<Row>& rows, size_t indent);
     void writeRow(const Row& row, const std::vector<size_t>& widths, size_t indent);
 
@@ -52,7 +52,7 @@ private:
 
     std::ostream& mOut;
     bool mColour;
-    std::vector<NodeClass> mClasses;  // that are registered
+    std::vector<NodeClass> mClasses;  // the registered ones
 };
 
 std::string counted(size_t number, const std::string& thing) {
@@ -101,7 +101,7 @@ std::vector<Row> rowsOf(const Options& options) {
     return rows;
 }
 
-Row rowOf(const char* side, const StreamEnd& end) {
+Row rowOf(const char* side, const SurveyedEnd& end) {
     if (!end.name) {
         return {side, "-", "(not wired)"};
     }
@@ -112,17 +112,17 @@ Row rowOf(const char* side, const StreamEnd& end) {
                : end.format->empty() ? "\"\""
                                      : printable(*end.format)};
     if (end.remainNewest) {
-        row.emplace_back("newest only");
+        row.emplace_back("latest only");
     }
     return row;
 }
 
-std::vector<Row> wiringOf(const Node& node) {
+std::vector<Row> wiringOf(const SurveyedNode& node) {
     std::vector<Row> rows;
-    for (const StreamEnd& input : node.inputs) {
+    for (const SurveyedEnd& input : node.inputEnds) {
         rows.push_back(rowOf("in", input));
     }
-    for (const StreamEnd& output : node.outputs) {
+    for (const SurveyedEnd& output : node.outputEnds) {
         rows.push_back(rowOf("out", output));
     }
     return rows;
@@ -134,9 +134,9 @@ bool isRegistered(const std::string& className, const std::vector<NodeClass>& cl
     });
 }
 
-// Stubs are told from nodes of classes only where there are classes. A class is
-// told as registered where it makes no node, too.
-std::string nameOf(const Node& node, const std::vector<NodeClass>& classes) {
+// Marks stubs only if there are classes. A class is marked as registered even if
+// it created no node.
+std::string nameOf(const SurveyedNode& node, const std::vector<NodeClass>& classes) {
     if (node.name.empty()) {
         return "(no name)";
     }
@@ -176,7 +176,7 @@ void Report::write(const std::string& file, const Survey& survey) {
     mClasses = survey.nodeClasses.classes;
     mOut << printable(file) << ": " << counted(survey.pipes.size(), "pipe") << ", "
          << textOf(readinessOf(survey)) << '\n';
-    for (const Pipe& pipe : survey.pipes) {
+    for (const SurveyedPipe& pipe : survey.pipes) {
         writePipe(pipe);
     }
 }
@@ -195,7 +195,7 @@ void Report::writeClasses(const NodeClasses& classes) {
                           : "there is no stub for other classes\n");
 }
 
-void Report::writePipe(const Pipe& pipe) {
+void Report::writePipe(const SurveyedPipe& pipe) {
     mOut << '\n';
     if (!pipe.key) {
         mOut << bold("pipe " + std::to_string(pipe.index)) << ": there is no \"pipe_" << pipe.index
@@ -211,7 +211,7 @@ void Report::writePipe(const Pipe& pipe) {
     writeStreams(pipe.streams);
 }
 
-void Report::writeSets(const char* title, const std::vector<OptionSet>& sets) {
+void Report::writeSets(const char* title, const std::vector<SurveyedOptionSet>& sets) {
     if (sets.empty()) {
         return;
     }
@@ -224,7 +224,7 @@ void Report::writeSets(const char* title, const std::vector<OptionSet>& sets) {
     }
 }
 
-void Report::writeNodes(const std::vector<Node>& nodes) {
+void Report::writeNodes(const std::vector<SurveyedNode>& nodes) {
     if (nodes.empty()) {
         return;
     }
@@ -238,7 +238,9 @@ void Report::writeNodes(const std::vector<Node>& nodes) {
     }
 }
 
-void Report::writeNode(const Node& node, const Row& head, const std::vector<size_t>& widths) {
+void Report::writeNode(const SurveyedNode& node,
+                       const Row& head,
+                       const std::vector<size_t>& widths) {
     writeRow(head, widths, ITEM);
     mOut << blanks(DETAIL);
     const std::string outcome = toText(node.outcome);
@@ -253,12 +255,12 @@ void Report::writeNode(const Node& node, const Row& head, const std::vector<size
     writeRows(rowsOf(node.options), DETAIL);
 }
 
-void Report::writeStreams(const std::vector<Stream>& streams) {
+void Report::writeStreams(const std::vector<SurveyedStream>& streams) {
     if (streams.empty()) {
         return;
     }
     std::vector<Row> rows = {{"id", "name", "producer", "consumers"}};
-    for (const Stream& stream : streams) {
+    for (const SurveyedStream& stream : streams) {
         rows.push_back({std::to_string(stream.id),
                         printable(stream.name),
                         stream.producer.value_or("(none)"),
@@ -275,8 +277,8 @@ void Report::writeRows(const std::vector<Row>& rows, size_t indent) {
     }
 }
 
-// The last cell takes the rest of the line, and of further lines. Where the
-// cells before it leave it too little, the row is wrapped as a whole.
+// The last cell takes the rest of the line and of further lines. If the cells
+// before it leave too little space, the entire row is wrapped.
 void Report::writeRow(const Row& row, const std::vector<size_t>& widths, size_t indent) {
     std::string line = blanks(indent);
     for (size_t i = 0; i + 1 < row.size(); ++i) {

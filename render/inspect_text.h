@@ -1,4 +1,4 @@
-// The survey of a configuration as text for a terminal of 80 columns.
+// The resolved configuration as text for a terminal of 80 columns.
 #ifndef QVGRAPH_RENDER_INSPECT_TEXT_H_
 #define QVGRAPH_RENDER_INSPECT_TEXT_H_
 
@@ -9,13 +9,13 @@
 
 namespace qvgraph {
 
-// Writes the report, in colour when `colour` is set.
+// Writes the report, with colours if `colour` is set.
 void renderInspectText(std::ostream& out,
                        const std::string& file,
                        const Survey& survey,
                        bool colour);
 
-// Writes which node classes there are and where they come from.
+// Writes the registered node classes and their origins.
 void renderClassesText(std::ostream& out, const NodeClasses& classes);
 
 // "no nodes", "1 node, ready", "14 nodes, all ready", "14 nodes, 2 of them not

@@ -13,8 +13,8 @@ namespace qvgraph {
 
 namespace {
 
-// Those that the library leaves as they are. They stand in strings alone, and
-// none is beyond the 16 bits of an escape.
+// Whether a code point that the library does not escape must be escaped. Such code
+// points occur only in strings, and fit into the 16 bits of an escape.
 bool needsEscape(std::string_view codePoint) {
     const auto first = static_cast<unsigned char>(codePoint.front());
     return first >= 0x7f && printable(codePoint) != codePoint;

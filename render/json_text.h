@@ -1,4 +1,4 @@
-// JSON as reports write it; part of render.
+// JSON in reports; part of render.
 #ifndef QVGRAPH_RENDER_JSON_TEXT_H_
 #define QVGRAPH_RENDER_JSON_TEXT_H_
 
@@ -9,7 +9,7 @@ namespace qvgraph {
 
 using Json = nlohmann::ordered_json;
 
-// An array of what `toJson` makes of each item.
+// An array of the results of `toJson` for each item.
 template <typename Items, typename ToJson>
 Json jsonArrayOf(const Items& items, ToJson toJson) {
     Json array = Json::array();
@@ -19,9 +19,9 @@ Json jsonArrayOf(const Items& items, ToJson toJson) {
     return array;
 }
 
-// Writes a report, indented, with a newline behind it. It is valid UTF-8: bytes
-// that are not become U+FFFD. What printable() (render/text.h) would not let
-// through is escaped, so that a reader gets it and a terminal does not.
+// Writes an indented report and a newline. The output is valid UTF-8: invalid
+// bytes become U+FFFD. Characters that are not printable() (render/text.h) are
+// escaped: a JSON reader receives them, a terminal does not.
 void writeJson(std::ostream& out, const Json& report);
 
 }  // namespace qvgraph

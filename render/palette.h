@@ -1,8 +1,8 @@
 // The colours of pictures; part of render.
 //
-// Chosen so that they differ in lightness too, and blue, orange and yellow stay
-// apart for the colour-blind. No colour says anything alone: what is painted
-// has a word or a shape besides.
+// They also differ in lightness, and blue, orange and yellow are distinguishable
+// for the colour-blind. No meaning depends on colour only: everything in a
+// colour also has a word or a shape.
 #ifndef QVGRAPH_RENDER_PALETTE_H_
 #define QVGRAPH_RENDER_PALETTE_H_
 
@@ -10,8 +10,8 @@
 
 namespace qvgraph {
 
-// On a light ground, as pictures are made, and what becomes of it on a dark
-// one. No two have the same light one.
+// A colour on a light background, on which pictures are drawn, and its
+// counterpart on a dark one. All light ones differ.
 struct Colour {
     const char* light;
     const char* dark;

@@ -13,15 +13,15 @@ namespace {
 const char* const INTRODUCTION =
     "# Rules\n"
     "\n"
-    "What `qvgraph check` finds in a configuration. `qvgraph explain CODE` tells the\n"
-    "same on a terminal, and `qvgraph explain --format markdown` writes this page.\n"
+    "The rules of `qvgraph check`. `qvgraph explain CODE` explains a rule on a\n"
+    "terminal, and `qvgraph explain --format markdown` writes this page.\n"
     "\n"
-    "- **error**: a device would abort, fail, or leave something out that is meant.\n"
-    "- **warning**: it would go on with something else than is written.\n"
+    "- **error**: the device aborts, fails, or silently drops something.\n"
+    "- **warning**: the device continues with a different value.\n"
     "- **note**: worth knowing.\n"
     "\n"
-    "A comment silences the warnings and notes of a rule that start on its line, or,\n"
-    "where it has a line of its own, on the next:\n"
+    "A comment suppresses the warnings and notes of a rule that start on the same\n"
+    "line or, if the comment is alone on its line, on the next line:\n"
     "\n"
     "```jsonc\n"
     "// qvgraph: ignore[no-consumer] a recorder is plugged in here\n"
@@ -32,8 +32,8 @@ bool isWordCharacter(char c) {
     return isalnum(static_cast<unsigned char>(c)) != 0;
 }
 
-// Printable text that Markdown shows as it is. An underscore within a word is
-// no mark.
+// Printable text that Markdown shows as it is. An underscore within a word has no
+// meaning in Markdown.
 std::string escaped(const std::string& text) {
     std::string out;
     char before = ' ';
@@ -78,16 +78,17 @@ void renderRuleMarkdown(std::ostream& out, const ExplainedRule& explained) {
     const Rule& rule = *explained.rule;
     out << "### " << rule.code << "\n\n**" << toText(rule.severity) << "**: " << escaped(rule.title)
         << "\n\n"
-        << escaped(rule.meaning) << "\n\nOn a device: " << escaped(rule.device) << "\n\nExample";
+        << escaped(rule.explanation) << "\n\nOn a device: " << escaped(rule.device)
+        << "\n\nExample";
     const std::string conditions = conditionsOf(rule.example);
     out << (conditions.empty() ? "" : ", " + escaped(conditions)) << ":\n\n";
     writeCode(out, rule.example.wrong);
     for (const Finding& finding : explained.example.findings) {
         writeFinding(out, explained.example, finding);
     }
-    out << "\nPut right:\n\n";
-    writeCode(out, rule.example.right);
-    out << '\n' << escaped(rule.remedy) << '\n';
+    out << "\nFixed:\n\n";
+    writeCode(out, rule.example.fixed);
+    out << '\n' << escaped(rule.fix) << '\n';
 }
 
 void renderRulesMarkdown(std::ostream& out, const std::vector<ExplainedRule>& explained) {

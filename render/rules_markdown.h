@@ -1,4 +1,4 @@
-// The rules of the check as Markdown: the page docs/rules.md.
+// The rules of the check as Markdown, for the page docs/rules.md.
 #ifndef QVGRAPH_RENDER_RULES_MARKDOWN_H_
 #define QVGRAPH_RENDER_RULES_MARKDOWN_H_
 
@@ -12,7 +12,7 @@ namespace qvgraph {
 // Explains one rule, under a heading with its code.
 void renderRuleMarkdown(std::ostream& out, const ExplainedRule& explained);
 
-// Explains all of them, by family, behind a table that leads to each.
+// Explains all of them by family, after a table with a link to each.
 void renderRulesMarkdown(std::ostream& out, const std::vector<ExplainedRule>& explained);
 
 }  // namespace qvgraph

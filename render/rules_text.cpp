@@ -10,7 +10,7 @@ namespace qvgraph {
 
 namespace {
 
-// How far what is not prose is indented.
+// The indent of everything that is not prose.
 const size_t INDENT = 2;
 
 // The columns of the list.
@@ -25,23 +25,28 @@ void writeParagraph(std::ostream& out, const std::string& text) {
     writeWrapped(out, printable(text), 0);
 }
 
-// "warning: message" at the indent, and on below it.
+// Writes "warning: message" with the indent.
 void writeLabelled(std::ostream& out, const std::string& label, const std::string& text) {
     out << blanks(INDENT) << label << ": ";
     writeWrapped(out, printable(text), INDENT + label.size() + 2);
 }
 
-// The example, with a marker where the check finds something.
+// Writes a marker for each finding that begins on the line.
+void writeMarkers(std::ostream& out, const CheckedFile& example, size_t line) {
+    for (const Finding& finding : example.findings) {
+        if (example.source->position(finding.span.begin).line == line) {
+            out << gutterBelow(line) << excerptOf(*example.source, finding.span).marker << '\n';
+        }
+    }
+}
+
+// Writes the example with a marker for each finding.
 void writeMarked(std::ostream& out, const CheckedFile& example) {
     const Source& source = *example.source;
-    for (size_t number = 1; number <= source.lineCount(); ++number) {
-        const auto begin = static_cast<size_t>(source.line(number).data() - source.text().data());
-        out << gutterOf(number) << excerptOf(source, {begin, begin}).line << '\n';
-        for (const Finding& finding : example.findings) {
-            if (source.position(finding.span.begin).line == number) {
-                out << gutterBelow(number) << excerptOf(source, finding.span).marker << '\n';
-            }
-        }
+    for (size_t line = 1; line <= source.lineCount(); ++line) {
+        const auto begin = static_cast<size_t>(source.line(line).data() - source.text().data());
+        out << gutterOf(line) << excerptOf(source, {begin, begin}).line << '\n';
+        writeMarkers(out, example, line);
     }
 }
 
@@ -59,10 +64,10 @@ void writeHead(std::ostream& out, const Rule& rule) {
     writeParagraph(out, std::string(rule.code) + " (" + toText(rule.severity) + "): " + rule.title);
 }
 
-size_t widthOfCodes(const std::vector<Rule>& known) {
+size_t widthOfCodes(const std::vector<const Rule*>& known) {
     size_t width = 0;
-    for (const Rule& rule : known) {
-        width = std::max(width, std::string_view(rule.code).size());
+    for (const Rule* rule : known) {
+        width = std::max(width, std::string_view(rule->code).size());
     }
     return width;
 }
@@ -73,7 +78,7 @@ void renderRuleText(std::ostream& out, const ExplainedRule& explained) {
     const Rule& rule = *explained.rule;
     writeHead(out, rule);
     out << '\n';
-    writeParagraph(out, rule.meaning);
+    writeParagraph(out, rule.explanation);
     out << '\n';
     writeParagraph(out, std::string("On a device: ") + rule.device);
 
@@ -84,18 +89,19 @@ void renderRuleText(std::ostream& out, const ExplainedRule& explained) {
     writeMarked(out, explained.example);
     writeFindings(out, explained);
 
-    out << "\nPut right:\n\n";
-    for (const std::string& line : exampleLines(rule.example.right)) {
+    out << "\nFixed:\n\n";
+    for (const std::string& line : exampleLines(rule.example.fixed)) {
         out << blanks(line.empty() ? 0 : INDENT) << line << '\n';
     }
     out << '\n';
-    writeParagraph(out, rule.remedy);
+    writeParagraph(out, rule.fix);
 }
 
-void renderRuleListText(std::ostream& out, const std::vector<Rule>& known) {
+void renderRuleListText(std::ostream& out, const std::vector<const Rule*>& known) {
     const size_t width = widthOfCodes(known);
     std::string family;
-    for (const Rule& rule : known) {
+    for (const Rule* each : known) {
+        const Rule& rule = *each;
         if (rule.family != family) {
             out << (family.empty() ? "" : "\n") << headingOf(rule.family) << '\n';
             family = rule.family;

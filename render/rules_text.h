@@ -11,34 +11,32 @@ namespace qvgraph {
 
 // Explains one rule:
 //
-//   duplicate-key (warning): a key stands twice in one object
+//   twice (warning): A key occurs twice in one object
 //
-//   Which of the two counts ...
+//   The order in the text decides which of the two values wins. An object of *JSON*
+//   has each key <once>.
 //
-//   On a device: the last one wins ...
+//   On a device: The last value wins; the other one is silently discarded.
 //
 //   Example:
 //
-//       1 | {"pipe_0": {
-//       2 |   "link_0": {"fps": 25,
-//       3 |              "fps": 30}
-//         |              ^~~~~
-//       4 | }}
+//       1 | {"link_0": {"fps": 25,
+//       2 |             "fps": 30}}
+//         |             ^~~~~
 //
-//     warning: 'fps' stands here again: ...
+//     warning: 'fps' is already in this object; this value overrides the earlier
+//              one, 25
 //     hint: remove one of the two
 //
-//   Put right:
+//   Fixed:
 //
-//     {"pipe_0": {
-//       "link_0": {"fps": 30}
-//     }}
+//     {"link_0": {"fps": 30}}
 //
-//   Remove the one that is not meant.
+//   Remove the one that is not intended.
 void renderRuleText(std::ostream& out, const ExplainedRule& explained);
 
-// Lists all of them, each with its code, severity and title, by family.
-void renderRuleListText(std::ostream& out, const std::vector<Rule>& known);
+// Lists all of them by family, each with its code, severity and title.
+void renderRuleListText(std::ostream& out, const std::vector<const Rule*>& known);
 
 }  // namespace qvgraph
 

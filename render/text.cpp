@@ -13,19 +13,18 @@ namespace {
 
 const size_t LINE_COLUMNS = 80;
 
-// The narrowest column that text is wrapped to, however deep it is indented.
+// The minimum width of wrapped text, however deep its indent.
 const size_t MIN_COLUMNS = 20;
 
-// Besides the control characters proper: line separators, and what sets the
-// direction of text.
+// Includes line separators, and characters that set the direction of text.
 bool isControl(uint32_t codePoint) {
     return codePoint < 0x20 || (codePoint >= 0x7f && codePoint < 0xa0) || codePoint == 0x200e ||
            codePoint == 0x200f || (codePoint >= 0x2028 && codePoint <= 0x202e) ||
            (codePoint >= 0x2066 && codePoint <= 0x2069);
 }
 
-// Where a text of valid UTF-8 is cut so that at most `columns` stand before
-// the cut: behind a blank where there is one.
+// Where to cut a text of valid UTF-8 so that at most `columns` are before the cut:
+// at a blank if possible.
 size_t cutAt(std::string_view text, size_t columns) {
     const char* at = text.data();
     const char* const end = at + text.size();
@@ -40,9 +39,17 @@ size_t cutAt(std::string_view text, size_t columns) {
     return blank == std::string_view::npos || blank == 0 ? fits : blank;
 }
 
+// Most text is: it needs no decoding.
+bool isPlainAscii(char c) {
+    return c >= 0x20 && c < 0x7f;
+}
+
 }  // namespace
 
 std::string printable(std::string_view text) {
+    if (std::ranges::all_of(text, isPlainAscii)) {
+        return std::string(text);
+    }
     std::string valid;
     utf8::replace_invalid(text.begin(), text.end(), std::back_inserter(valid));
     std::string out;

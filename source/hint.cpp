@@ -21,7 +21,7 @@ bool isWordCharacter(char c) {
     return isLetter(c) || isDigit(c);
 }
 
-// What stands where scanning stopped.
+// The text before and after the byte at which scanning stopped.
 struct Found {
     explicit Found(const Stop& stop)
         : before(stop.text.substr(stop.begin, stop.byte - stop.begin)),
@@ -29,7 +29,7 @@ struct Found {
 
     bool atEnd() const { return text.empty(); }
 
-    // Not at the end, for these.
+    // REQUIRES, for these: not at the end.
     char first() const { return text[0]; }
     bool beginsWith(std::string_view what) const { return text.substr(0, what.size()) == what; }
     bool isOneOf(std::string_view what) const { return what.find(first()) != what.npos; }
@@ -38,12 +38,12 @@ struct Found {
     bool beginsFraction() const { return first() == '.' && text.size() > 1 && isDigit(text[1]); }
     bool beginsValue() const { return isOneOf("\"{[") || beginsNumber() || beginsWord(); }
 
-    bool isRightBehind(char c) const { return !before.empty() && before.back() == c; }
-    bool isRightBehindWord() const { return !before.empty() && isWordCharacter(before.back()); }
+    bool isRightAfter(char c) const { return !before.empty() && before.back() == c; }
+    bool isRightAfterWord() const { return !before.empty() && isWordCharacter(before.back()); }
 
-    // Behind the number 0, not behind one that ends with it.
-    bool isRightBehindZero() const {
-        return isRightBehind('0') &&
+    // After the number 0, but not after a number that ends with a 0.
+    bool isRightAfterZero() const {
+        return isRightAfter('0') &&
                (before.size() == 1 || !isWordCharacter(before[before.size() - 2]));
     }
 
@@ -53,7 +53,7 @@ struct Found {
 
 // ---- Words and odd characters -----------------------------------------------
 
-// What a text begins with that was meant as a word, in lower case.
+// The characters of a word that a text begins with, in lower case.
 std::string wordIn(std::string_view text) {
     const auto* const end = std::find_if_not(text.begin(), text.end(), isWordCharacter);
     std::string word(text.begin(), end);
@@ -63,20 +63,20 @@ std::string wordIn(std::string_view text) {
     return word;
 }
 
-// A word that stands where a value is awaited, or that begins as one does.
+// For a word where a value is awaited, or that begins like one.
 std::string hintForWord(const std::string& word) {
-    for (const std::string meant : {"true", "false", "null"}) {
-        if (word.size() > 1 && meant.compare(0, word.size(), word) == 0) {
-            return "write " + meant;
+    for (const std::string intended : {"true", "false", "null"}) {
+        if (word.size() > 1 && intended.compare(0, word.size(), word) == 0) {
+            return "write " + intended;
         }
     }
     if (word == "none" || word == "nil" || word == "undefined") {
         return "write null";
     }
     if (word == "nan" || word == "inf" || word == "infinity") {
-        return "write a number: JSON has no NaN and no Infinity";
+        return "write a number: JSON has neither NaN nor Infinity";
     }
-    return "put the text in double quotes";
+    return "put the string in double quotes";
 }
 
 struct OddCharacter {
@@ -84,13 +84,13 @@ struct OddCharacter {
     const char* hint;
 };
 
-const char* const PLAIN_QUOTE = "write the plain double quote in place of this one";
+const char* const PLAIN_QUOTE = "replace this with a plain double quote";
 
-// What does not belong between tokens, wherever it stands there.
+// Characters that never belong between tokens.
 const OddCharacter ODD_CHARACTERS[] = {
-    {"'", "write double quotes in place of single ones"},
-    {"`", "write double quotes in place of backticks"},
-    {"#", "begin a comment with // in place of #"},
+    {"'", "use double quotes instead of single quotes"},
+    {"`", "use double quotes instead of backticks"},
+    {"#", "begin a comment with // instead of #"},
     {"*/", "remove this */: comments do not nest"},
     {{"\0", 1}, "remove this NUL byte"},
     {"\u201c", PLAIN_QUOTE},
@@ -101,9 +101,9 @@ const OddCharacter ODD_CHARACTERS[] = {
     {"\u201a", PLAIN_QUOTE},
     {"\u00ab", PLAIN_QUOTE},
     {"\u00bb", PLAIN_QUOTE},
-    {"\uff0c", "write the plain comma in place of this one"},
-    {"\uff1a", "write the plain colon in place of this one"},
-    {"\u00a0", "write a plain space in place of this no-break space"},
+    {"\uff0c", "replace this with a plain comma"},
+    {"\uff1a", "replace this with a plain colon"},
+    {"\u00a0", "replace this no-break space with a plain space"},
     {"\u200b", "remove this invisible character"},
     {"\ufeff", "remove this invisible character"},
 };
@@ -114,7 +114,7 @@ std::string hintForOddCharacter(const Found& found) {
             return "remove the byte-order mark";
         }
         if (found.beginsWith("\xff\xfe") || found.beginsWith("\xfe\xff")) {
-            return "save the text as UTF-8";
+            return "save the file as UTF-8";
         }
     }
     for (const OddCharacter& odd : ODD_CHARACTERS) {
@@ -125,19 +125,20 @@ std::string hintForOddCharacter(const Found& found) {
     return "";
 }
 
-// What follows a string or a word without a blank was meant to belong to it.
+// What follows a string or a word without a blank was probably intended as a
+// part of it.
 std::string hintForTail(const Found& found) {
-    if (found.isRightBehind('"') && found.beginsWord()) {
+    if (found.isRightAfter('"') && found.beginsWord()) {
         return "write \\\" for a double quote within a string";
     }
-    if (!found.isRightBehindWord()) {
+    if (!found.isRightAfterWord()) {
         return "";
     }
-    if (found.isRightBehindZero() && found.isOneOf("xX")) {
-        return "write the number in decimal digits";
+    if (found.isRightAfterZero() && found.isOneOf("xX")) {
+        return "write the number in decimal";
     }
     if (found.beginsWord() || found.isOneOf(".:+-")) {
-        return "put the text in double quotes";
+        return "put the string in double quotes";
     }
     return "";
 }
@@ -152,34 +153,34 @@ std::string hintForEnd(Awaited awaited) {
         case Awaited::ElementEnd:
             return "close the array with ]";
         case Awaited::NextElement:
-            return "write ] in place of the comma";
+            return "replace the comma with ]";
         case Awaited::FirstKey:
         case Awaited::MemberEnd:
             return "close the object with }";
         case Awaited::NextKey:
-            return "write } in place of the comma";
+            return "replace the comma with }";
         case Awaited::Colon:
-            return "write a colon and a value behind the key";
+            return "add a colon and a value after the key";
         default:
-            return "write a value behind the colon";
+            return "add a value after the colon";
     }
 }
 
-// A bracket stands where an element was awaited.
+// For a bracket where an element is awaited.
 std::string hintForElement(const Found& found, bool first) {
     if (found.first() == ']') {
         return "remove the comma before this bracket";
     }
-    return first ? "close the array with ] here" : "write ] in place of the comma";
+    return first ? "close the array with ] here" : "replace the comma with ]";
 }
 
-// A value has to stand here.
+// For anything else where a value is awaited.
 std::string hintForValue(const Found& found, Awaited awaited) {
     if (found.beginsWord()) {
         return hintForWord(wordIn(found.text));
     }
     if (found.beginsFraction()) {
-        return "write a 0 before the point";
+        return "write a 0 before the decimal point";
     }
     switch (found.first()) {
         case '+':
@@ -187,7 +188,7 @@ std::string hintForValue(const Found& found, Awaited awaited) {
         case ':':
             return "remove this colon";
         case ',':
-            return awaited == Awaited::MemberValue ? "write a value behind the colon"
+            return awaited == Awaited::MemberValue ? "add a value after the colon"
                                                    : "remove this comma";
         case ']':
         case '}':
@@ -196,7 +197,7 @@ std::string hintForValue(const Found& found, Awaited awaited) {
             return "";
     }
     if (awaited == Awaited::MemberValue) {
-        return "write a value behind the colon";
+        return "add a value after the colon";
     }
     if (awaited == Awaited::Document) {
         return "remove this bracket: nothing is open";
@@ -204,20 +205,20 @@ std::string hintForValue(const Found& found, Awaited awaited) {
     return hintForElement(found, awaited == Awaited::FirstElement);
 }
 
-// A key has to stand here.
+// For anything else where a key is awaited.
 std::string hintForKey(const Found& found, bool first) {
     switch (found.first()) {
         case '}':
             return "remove the comma before this bracket";
         case ']':
-            return first ? "close the object with } here" : "write } in place of the comma";
+            return first ? "close the object with } here" : "replace the comma with }";
         case ',':
             return "remove this comma";
         case ':':
-            return "write a key in double quotes before the colon";
+            return "add a key in double quotes before the colon";
         case '{':
         case '[':
-            return "write a key and a colon before this value";
+            return "add a key and a colon before this value";
         default:
             return found.beginsWord() || found.beginsNumber() ? "put the key in double quotes" : "";
     }
@@ -225,15 +226,15 @@ std::string hintForKey(const Found& found, bool first) {
 
 std::string hintForColon(const Found& found) {
     if (found.isOneOf(",}]")) {
-        return "write a colon and a value behind the key";
+        return "add a colon and a value after the key";
     }
     if (found.first() == '=') {
-        return "write a colon in place of the equals sign";
+        return "replace the equals sign with a colon";
     }
     if (found.first() == ';') {
-        return "write a colon in place of the semicolon";
+        return "replace the semicolon with a colon";
     }
-    return found.beginsValue() ? "write a colon between the key and its value" : "";
+    return found.beginsValue() ? "add a colon between the key and its value" : "";
 }
 
 std::string hintForElementEnd(const Found& found) {
@@ -241,11 +242,11 @@ std::string hintForElementEnd(const Found& found) {
         case '}':
             return "close the array with ] here";
         case ':':
-            return "write { and } around members in place of [ and ]";
+            return "write members in { and } instead of [ and ]";
         case ';':
-            return "write a comma in place of the semicolon";
+            return "replace the semicolon with a comma";
         default:
-            return found.beginsValue() ? "write a comma before this value" : "";
+            return found.beginsValue() ? "add a comma before this value" : "";
     }
 }
 
@@ -254,17 +255,17 @@ std::string hintForMemberEnd(const Found& found) {
         return "close the object with } here";
     }
     if (found.first() == ';') {
-        return "write a comma in place of the semicolon";
+        return "replace the semicolon with a comma";
     }
     if (found.first() == '"' || found.beginsWord()) {
-        return "write a comma before this key";
+        return "add a comma before this key";
     }
-    return found.beginsValue() ? "write a comma and a key before this value" : "";
+    return found.beginsValue() ? "add a comma and a key before this value" : "";
 }
 
-// Whether members go on behind the bracket that closes the root: one too many was
-// written before.
-bool goesOnWithMembers(const Found& found) {
+// Whether more members follow the bracket that closes the root: there is one
+// bracket too many before them.
+bool continuesWithMembers(const Found& found) {
     const char* const BLANKS = " \t\r\n";
     const size_t last = found.before.find_last_not_of(BLANKS);
     const size_t next = found.text.find_first_not_of(BLANKS, found.first() == ',' ? 1 : 0);
@@ -276,13 +277,13 @@ std::string hintForTrailing(const Found& found) {
     if (found.isOneOf("]}")) {
         return "remove this bracket: nothing is open";
     }
-    if (found.first() == ':' && found.isRightBehind('"')) {
-        return "write { and } around the members";
+    if (found.first() == ':' && found.isRightAfter('"')) {
+        return "put the members in { and }";
     }
-    if (goesOnWithMembers(found)) {
-        return "remove one } before this: it closes the document";
+    if (continuesWithMembers(found)) {
+        return "remove one } before this; it closes the document";
     }
-    return "remove what follows the document";
+    return "remove the text after the document";
 }
 
 std::string hintBetweenTokens(const Stop& stop) {
@@ -318,21 +319,21 @@ std::string hintBetweenTokens(const Stop& stop) {
 
 std::string hintForSign(const Found& found) {
     if (!found.atEnd() && found.beginsFraction()) {
-        return "write a 0 before the point";
+        return "write a 0 before the decimal point";
     }
     if (!found.atEnd() && found.beginsWord()) {
         return hintForWord(wordIn(found.text));
     }
-    return "write a digit behind the minus sign";
+    return "add a digit after the minus sign";
 }
 
-// A control character, or a string without an end.
+// For a control character, or a string that does not end.
 std::string hintForString(const Found& found) {
     if (found.atEnd()) {
         return "close the string with \"";
     }
     if (found.isOneOf("\n\r")) {
-        return "close the string on its line, or write \\n for a new line";
+        return "close the string on its line, or write \\n for a line break";
     }
     if (found.first() == '\t') {
         return "write \\t for a tab";
@@ -351,7 +352,7 @@ std::string hintForEscape(const Found& found) {
         return "write ' without a backslash";
     }
     if (found.first() == 'x') {
-        return "write \\u00 in place of \\x";
+        return "write \\u00 instead of \\x";
     }
     return "write \\\\ for a backslash";
 }
@@ -360,7 +361,7 @@ std::string hintForHexDigit(const Found& found) {
     if (found.atEnd() || found.isOneOf("\n\r")) {
         return hintForString(found);
     }
-    return "write four hexadecimal digits behind \\u, or \\\\ for a backslash";
+    return "write four hexadecimal digits after \\u, or \\\\ for a backslash";
 }
 
 }  // namespace
@@ -374,9 +375,9 @@ std::string hintFor(const Stop& stop) {
         case Awaited::NoMoreDigit:
             return "remove the leading zero";
         case Awaited::FractionDigit:
-            return "write a digit behind the point";
+            return "add a digit after the decimal point";
         case Awaited::ExponentDigit:
-            return "write a digit in the exponent";
+            return "add a digit to the exponent";
         case Awaited::Character:
             return hintForString(Found(stop));
         case Awaited::Escape:
@@ -388,7 +389,7 @@ std::string hintFor(const Stop& stop) {
         case Awaited::CommentEnd:
             return "close the comment with */";
         case Awaited::Shallower:
-            return "put at most 200 objects and arrays around a value";
+            return "nest at most 200 objects and arrays";
         default:
             return hintBetweenTokens(stop);
     }

@@ -6,24 +6,24 @@
 #include <cstdlib>
 #include <limits>
 #include <string>
-#include <unordered_map>
 #include <utility>
 
 #include "source/hint.h"
+#include "source/outdented.h"
 #include "source/utf8.h"
 
 namespace qvgraph {
 
 namespace {
 
-// json11 takes a value in at most so many objects and arrays.
-const size_t MOST_AROUND_A_VALUE = 200;
+// The maximum number of objects and arrays around a value in json11.
+const size_t MAX_AROUND_A_VALUE = 200;
 
 const std::string_view VALUE_STARTS = "{[\"tfn-0123456789";
 const char* const BLANKS = " \t\r\n";
 const char* const HEX_DIGITS = "0123456789abcdefABCDEF";
 
-// What may follow a backslash, besides 'u', and what it stands for.
+// What may follow a backslash, except 'u', and what it represents.
 const std::string_view ESCAPES = "\"\\/bfnrt";
 const std::string_view ESCAPED = "\"\\/\b\f\n\r\t";
 
@@ -31,7 +31,7 @@ bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Whether a byte stands for itself in a string.
+// Whether a byte represents itself in a string.
 bool isPlain(char c) {
     return static_cast<unsigned char>(c) >= 0x20 && c != '"' && c != '\\';
 }
@@ -44,7 +44,7 @@ bool isLowSurrogate(uint32_t unit) {
     return unit >= 0xdc00 && unit <= 0xdfff;
 }
 
-// How many hexadecimal digits an escape's four begin with.
+// The number of hexadecimal digits that the four characters begin with.
 size_t hexDigitsIn(std::string_view four) {
     return std::min(four.find_first_not_of(HEX_DIGITS), four.size());
 }
@@ -55,7 +55,7 @@ uint32_t numberIn(std::string_view hexDigits) {
     return number;
 }
 
-// A short integer is an int for json11, so that -0 is 0.
+// For json11, a short integer is an int, so -0 is 0.
 double numberIn(const std::string& token, bool isInteger) {
     if (isInteger && token.size() <= std::numeric_limits<int>::digits10) {
         return std::atoi(token.c_str());
@@ -66,26 +66,30 @@ double numberIn(const std::string& token, bool isInteger) {
 // An object or array that is not closed yet.
 struct Container {
     Value* value = nullptr;
-    std::vector<Value*> values;  // right in it, in the order of the text
+    std::vector<Value*> values;  // directly in it, in the order of the text
 };
 
-// Finishes an object whose members are `members`.
-void settleMembers(std::vector<Value*> members, Value* object) {
-    std::stable_sort(members.begin(), members.end(), [](const Value* a, const Value* b) {
+// Sorts the members of an object, and links those that have the same key. Keeps
+// the last of these.
+void settleMembers(std::vector<Value*>* members) {
+    std::stable_sort(members->begin(), members->end(), [](const Value* a, const Value* b) {
         return a->key < b->key;
     });
-    for (size_t i = 0; i < members.size(); ++i) {
-        if (i + 1 < members.size() && members[i]->key == members[i + 1]->key) {
-            members[i]->overriddenBy = members[i + 1];
+    size_t kept = 0;
+    for (size_t i = 0; i < members->size(); ++i) {
+        Value* const member = (*members)[i];
+        if (i + 1 < members->size() && member->key == (*members)[i + 1]->key) {
+            member->overriddenBy = (*members)[i + 1];
         } else {
-            object->children.push_back(members[i]);
+            (*members)[kept++] = member;
         }
     }
+    members->resize(kept);
 }
 
 // Each function named take... begins at the first byte of what it takes and
-// ends behind the last one. It returns false where the text is no JSON, at the
-// first byte that does not fit.
+// ends after the last one. If the text is not JSON, it stops at the first byte
+// that does not fit and returns false.
 class Scanner {
 public:
     Scanner(std::string_view text, size_t begin) : mText(text), mBegin(begin), mAt(begin) {}
@@ -105,7 +109,9 @@ private:
     bool takeDigits();
     bool takeKey();
     bool takeStringValue();
-    bool takeString(std::string* decoded);
+    bool takeString(std::string_view* decoded);
+    bool takeEscapedString(std::string_view* decoded);
+    void skipPlain();
     bool takeEscape(std::string* decoded);
     bool takeCodeUnit(std::string* decoded);
 
@@ -113,7 +119,7 @@ private:
     bool sees(char c) const { return !atEnd() && mText[mAt] == c; }
     bool seesDigit() const { return !atEnd() && isDigit(mText[mAt]); }
 
-    // Passes over a byte where it is there.
+    // Skips the byte if it is next; whether it was.
     bool skip(char c) {
         const bool there = sees(c);
         mAt += there ? 1U : 0U;
@@ -124,17 +130,14 @@ private:
     void finish(Value* value);
     bool fail(Awaited awaited);
     std::optional<Span> openedFor(Awaited awaited) const;
-    size_t indentOfLine(size_t byte) const;
-    std::optional<size_t> indentBefore(size_t byte) const;
-    std::optional<Span> outdented() const;
 
     const std::string_view mText;
     const size_t mBegin;
     size_t mAt;
-    size_t mToken = 0;  // where the latest token that can break off began
+    size_t mToken = 0;  // where the latest token that may be incomplete began
     Awaited mAwaited = Awaited::Document;
     std::vector<Container> mOpen;
-    std::string mKey;  // of the member whose value comes next
+    std::string_view mKey;  // of the member whose value comes next
     Span mKeySpan;
     Scan mScan;
 };
@@ -165,7 +168,7 @@ bool Scanner::takeComment() {
     if (sees('/')) {
         mAt = std::min(mText.find('\n', mAt), mText.size());
         const bool crlf = !atEnd() && mText[mAt - 1] == '\r';
-        mScan.comments.push_back({mToken, crlf ? mAt - 1 : mAt});
+        mScan.comments.emplace_back(mToken, crlf ? mAt - 1 : mAt);
         return true;
     }
     if (!sees('*')) {
@@ -177,7 +180,7 @@ bool Scanner::takeComment() {
         return fail(Awaited::CommentEnd);
     }
     mAt = end + 2;
-    mScan.comments.push_back({mToken, mAt});
+    mScan.comments.emplace_back(mToken, mAt);
     return true;
 }
 
@@ -221,7 +224,7 @@ bool Scanner::takeValue() {
     if (VALUE_STARTS.find(mText[mAt]) == std::string_view::npos) {
         return fail(mAwaited);
     }
-    if (mOpen.size() > MOST_AROUND_A_VALUE) {
+    if (mOpen.size() > MAX_AROUND_A_VALUE) {
         return fail(Awaited::Shallower);
     }
     switch (mText[mAt]) {
@@ -253,10 +256,13 @@ bool Scanner::takeClosing() {
     Container closed = std::move(mOpen.back());
     mOpen.pop_back();
     if (closed.value->isObject()) {
-        settleMembers(std::move(closed.values), closed.value);
-    } else {
-        closed.value->children.assign(closed.values.begin(), closed.values.end());
+        settleMembers(&closed.values);
     }
+    // Arrays of their own: values without children, which most are, stay small.
+    const size_t count = closed.values.size();
+    auto& children = mScan.children.emplace_back(std::make_unique<const Value*[]>(count));
+    std::copy(closed.values.begin(), closed.values.end(), children.get());
+    closed.value->children = {children.get(), count};
     finish(closed.value);
     return true;
 }
@@ -307,7 +313,7 @@ bool Scanner::takeNumber() {
     return true;
 }
 
-// At least one.
+// Takes at least one digit.
 bool Scanner::takeDigits() {
     const size_t begin = mAt;
     while (seesDigit()) {
@@ -322,10 +328,9 @@ bool Scanner::takeKey() {
     if (!sees('"')) {
         return fail(mAwaited);
     }
-    if (mOpen.size() > MOST_AROUND_A_VALUE) {
+    if (mOpen.size() > MAX_AROUND_A_VALUE) {
         return fail(Awaited::Shallower);
     }
-    mKey.clear();
     if (!takeString(&mKey)) {
         return false;
     }
@@ -343,23 +348,40 @@ bool Scanner::takeStringValue() {
     return true;
 }
 
-bool Scanner::takeString(std::string* decoded) {
+// Most strings have no escapes; their value is the text between the quotes.
+bool Scanner::takeString(std::string_view* decoded) {
     mToken = mAt++;
-    for (;;) {
-        const size_t plain = mAt;
-        while (!atEnd() && isPlain(mText[mAt])) {
-            ++mAt;
-        }
-        decoded->append(mText.substr(plain, mAt - plain));
-        if (skip('"')) {
-            return true;
-        }
+    const size_t begin = mAt;
+    skipPlain();
+    if (!sees('"')) {
+        return takeEscapedString(decoded);
+    }
+    *decoded = mText.substr(begin, mAt - begin);
+    ++mAt;
+    return true;
+}
+
+// Takes the rest of a string, and decodes all of it.
+bool Scanner::takeEscapedString(std::string_view* decoded) {
+    std::string& string = mScan.decoded.emplace_back(mText.substr(mToken + 1, mAt - mToken - 1));
+    while (!skip('"')) {
         if (!skip('\\')) {
             return fail(Awaited::Character);
         }
-        if (!takeEscape(decoded)) {
+        if (!takeEscape(&string)) {
             return false;
         }
+        const size_t plain = mAt;
+        skipPlain();
+        string.append(mText.substr(plain, mAt - plain));
+    }
+    *decoded = string;
+    return true;
+}
+
+void Scanner::skipPlain() {
+    while (!atEnd() && isPlain(mText[mAt])) {
+        ++mAt;
     }
 }
 
@@ -376,8 +398,8 @@ bool Scanner::takeEscape(std::string* decoded) {
     return true;
 }
 
-// Takes four hexadecimal digits. Behind a high surrogate, takes the escape of
-// the low one that completes it as well.
+// Takes four hexadecimal digits. After a high surrogate, also takes the escape of
+// the low surrogate that completes it.
 bool Scanner::takeCodeUnit(std::string* decoded) {
     const std::string_view digits = mText.substr(mAt, 4);
     mAt += hexDigitsIn(digits);
@@ -397,16 +419,16 @@ bool Scanner::takeCodeUnit(std::string* decoded) {
 
 // ---- Results ----------------------------------------------------------------
 
-// A new value that begins here, within the innermost open container.
+// Adds a value that begins here to the innermost open container.
 Value& Scanner::add(ValueKind kind) {
     Value& value = mScan.values.emplace_back();
     value.kind = kind;
-    value.span.begin = mAt;
+    value.span = {mAt, mAt};
     if (!mOpen.empty()) {
         value.parent = mOpen.back().value;
         mOpen.back().values.push_back(&value);
         if (value.parent->isObject()) {
-            value.key = std::move(mKey);
+            value.key = mKey;
             value.keySpan = mKeySpan;
         }
     }
@@ -414,7 +436,7 @@ Value& Scanner::add(ValueKind kind) {
 }
 
 void Scanner::finish(Value* value) {
-    value->span.end = mAt;
+    value->span = {value->span.begin, mAt};
     if (mOpen.empty()) {
         mAwaited = Awaited::End;
     } else {
@@ -425,7 +447,9 @@ void Scanner::finish(Value* value) {
 bool Scanner::fail(Awaited awaited) {
     mScan.error = SyntaxError{mAt,
                               openedFor(awaited),
-                              awaited == Awaited::MemberEnd && atEnd() ? outdented() : std::nullopt,
+                              awaited == Awaited::MemberEnd && atEnd()
+                                  ? firstOutdented(mText, mBegin, mScan.values)
+                                  : std::nullopt,
                               hintFor({mText, mBegin, mAt, mToken, awaited})};
     return false;
 }
@@ -437,7 +461,7 @@ std::optional<Span> Scanner::openedFor(Awaited awaited) const {
         case Awaited::Character:
         case Awaited::Escape:
         case Awaited::HexDigit:
-            // A string that reaches the end of its line has lost its quote.
+            // A string that reaches the end of its line lacks its closing quote.
             if (atEnd() || sees('\n') || sees('\r')) {
                 return Span{mToken, mToken + 1};
             }
@@ -451,57 +475,6 @@ std::optional<Span> Scanner::openedFor(Awaited awaited) const {
     const Value& innermost = *mOpen.back().value;
     if (atEnd() || sees(innermost.isObject() ? ']' : '}')) {
         return Span{innermost.span.begin, innermost.span.begin + 1};
-    }
-    return std::nullopt;
-}
-
-// How many blanks the line of a byte begins with.
-size_t Scanner::indentOfLine(size_t byte) const {
-    const std::string_view before = mText.substr(mBegin, byte - mBegin);
-    const size_t end = before.rfind('\n');
-    const std::string_view line = before.substr(end == std::string_view::npos ? 0 : end + 1);
-    return std::min(line.find_first_not_of(" \t"), line.size());
-}
-
-// How many blanks stand before a byte on its line; nothing where more does.
-std::optional<size_t> Scanner::indentBefore(size_t byte) const {
-    size_t begin = byte;
-    while (begin > mBegin && (mText[begin - 1] == ' ' || mText[begin - 1] == '\t')) {
-        --begin;
-    }
-    const bool isFirst = begin == mBegin || mText[begin - 1] == '\n';
-    return isFirst ? std::optional(byte - begin) : std::nullopt;
-}
-
-// Keys that all stand equally far left tell nothing: an earlier member has to
-// stand deeper or, before a key that has an indent at all, on the line that
-// opens the object. Around the root there is nothing to belong to.
-std::optional<Span> Scanner::outdented() const {
-    const size_t beside = std::string_view::npos;
-    struct Layout {
-        size_t deepest;                 // of the keys that begin a line; `beside` before the first
-        std::optional<size_t> opening;  // the indent of the line that opens the object
-    };
-    std::unordered_map<const Value*, Layout> layouts;
-    for (const Value& value : mScan.values) {
-        const Value* object = value.parent;
-        if (object == nullptr || object->parent == nullptr || !object->isObject()) {
-            continue;
-        }
-        const auto indent = indentBefore(value.keySpan.begin);
-        const auto [found, isFirst] =
-            layouts.emplace(object, Layout{indent.value_or(beside), std::nullopt});
-        Layout& layout = found->second;
-        if (!isFirst && indent) {
-            if (!layout.opening) {
-                layout.opening = indentOfLine(object->span.begin);
-            }
-            const bool isLeft = layout.deepest == beside ? *indent > 0 : *indent < layout.deepest;
-            if (isLeft && *indent <= *layout.opening) {
-                return value.keySpan;
-            }
-            layout.deepest = layout.deepest == beside ? *indent : std::max(layout.deepest, *indent);
-        }
     }
     return std::nullopt;
 }

@@ -5,22 +5,27 @@
 
 #include <cstddef>
 #include <deque>
+#include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
-#include "source/source.h"
+#include "source/value.h"
 
 namespace qvgraph {
 
 // What Source keeps under the same names.
 struct Scan {
+    std::deque<std::string> decoded;
     std::deque<Value> values;
+    std::vector<std::unique_ptr<const Value*[]>> children;  // of the containers
     std::vector<Span> comments;
     std::optional<SyntaxError> error;
 };
 
-// Scans what follows the byte `begin`. Places count in the whole text.
+// Scans the text from the byte `begin` on; spans count from the beginning of the
+// text. Keys and strings point into the text, which must outlive the values.
 Scan scanText(std::string_view text, size_t begin);
 
 }  // namespace qvgraph

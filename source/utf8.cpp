@@ -17,8 +17,8 @@ bool isOutOfRange(unsigned lead, unsigned second) {
            (lead == 0xf0 && second < 0x90) || (lead == 0xf4 && second > 0x8f);
 }
 
-// How many bytes of UTF-8 follow a first one; 0 for one that begins none.
-size_t bytesBehind(unsigned lead) {
+// How many bytes of a code point follow its first one; 0 if the byte begins none.
+size_t bytesAfter(unsigned lead) {
     if (lead < 0xc2 || lead > 0xf4) {
         return 0;
     }
@@ -52,13 +52,13 @@ void appendUtf8(uint32_t codePoint, std::string* text) {
 
 size_t lengthOfFirst(std::string_view text) {
     const unsigned lead = static_cast<unsigned char>(text[0]);
-    const std::string_view behind = text.substr(1, bytesBehind(lead));
-    if (behind.empty() || behind.size() < bytesBehind(lead) ||
-        !std::all_of(behind.begin(), behind.end(), isContinuation) ||
-        isOutOfRange(lead, static_cast<unsigned char>(behind[0]))) {
+    const std::string_view rest = text.substr(1, bytesAfter(lead));
+    if (rest.empty() || rest.size() < bytesAfter(lead) ||
+        !std::all_of(rest.begin(), rest.end(), isContinuation) ||
+        isOutOfRange(lead, static_cast<unsigned char>(rest[0]))) {
         return 1;
     }
-    return 1 + behind.size();
+    return 1 + rest.size();
 }
 
 }  // namespace qvgraph

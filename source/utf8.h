@@ -9,12 +9,12 @@
 
 namespace qvgraph {
 
-// Appends up to U+10FFFF. A surrogate becomes three bytes, like any other code
-// point of its size.
+// Appends a code point up to U+10FFFF. A surrogate becomes three bytes, like any
+// other code point of its size.
 void appendUtf8(uint32_t codePoint, std::string* text);
 
-// How many bytes the code point takes that `text` begins with. A byte that is
-// no UTF-8 takes one. REQUIRES: `text` is not empty.
+// The number of bytes in the first code point of `text`; 1 for a byte that is
+// not UTF-8. REQUIRES: `text` is not empty.
 size_t lengthOfFirst(std::string_view text);
 
 }  // namespace qvgraph

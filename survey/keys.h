@@ -1,22 +1,23 @@
-// Names with an index, and where they lead; part of the survey.
+// Keys with an index, and the members that an index maps to.
 #ifndef QVGRAPH_SURVEY_KEYS_H_
 #define QVGRAPH_SURVEY_KEYS_H_
 
 #include <json11.hpp>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace qvgraph {
 
-inline bool hasPrefix(const std::string& key, const char* prefix) {
-    return key.rfind(prefix, 0) == 0;
+inline bool hasPrefix(std::string_view key, std::string_view prefix) {
+    return key.substr(0, prefix.size()) == prefix;
 }
 
 inline std::string indexedKey(const char* prefix, int number) {
     return prefix + std::to_string(number);
 }
 
-// The key that an index or id leads to; nothing when there is no such member.
+// The key that an index or id maps to; nothing if there is no such member.
 inline std::optional<std::string> keyIn(const json11::Json& object,
                                         const char* prefix,
                                         int number) {

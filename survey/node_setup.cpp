@@ -1,44 +1,30 @@
 #include "survey/node_setup.h"
 
 #include <algorithm>
-#include <atomic>
 #include <exception>
+#include <iterator>
 #include <new>
-#include <stdexcept>
 #include <string_view>
+#include <utility>
 
 #include "host/qv_host_stream_managers.h"
 #include "host/qv_node_owner.h"
 #include "host/qv_node_registry.h"
 #include "survey/keys.h"
+#include "survey/node_in_set_up.h"
+#include "survey/words.h"
 
 namespace qvgraph {
 
 namespace {
 
-using Ends = std::vector<StreamEnd>;
+using Ends = std::vector<SurveyedEnd>;
 
-// What the parser throws where a stream has no format.
+// What the parser throws if a stream has no format.
 const std::string_view NO_FORMAT = "basic_string::_M_construct null not valid";
 
-std::atomic<const NodeInSetUp*> currentNode{nullptr};
-
-// Stands for the time in which the code of a node's class may run.
-class SetUpScope {
-public:
-    explicit SetUpScope(const NodeInSetUp& node) : mNode(node) { currentNode = &mNode; }
-    ~SetUpScope() { currentNode = nullptr; }
-
-    // It is known by its address.
-    SetUpScope(const SetUpScope&) = delete;
-    SetUpScope& operator=(const SetUpScope&) = delete;
-
-private:
-    NodeInSetUp mNode;
-};
-
-StreamEnd endOf(const std::optional<QVStreamBinding>& binding) {
-    StreamEnd end;
+SurveyedEnd endOf(const std::optional<QVStreamBinding>& binding) {
+    SurveyedEnd end;
     if (binding) {
         end.name = binding->name;
         end.id = binding->streamId;
@@ -46,27 +32,27 @@ StreamEnd endOf(const std::optional<QVStreamBinding>& binding) {
     return end;
 }
 
-// The managers are the proxy's own, and so of the desk's types.
-void readWiring(const _QVNodeInfo& info, Node* node) {
+// The managers come from the host's node proxy, so they have the host's types.
+void readWiring(const _QVNodeInfo& info, SurveyedNode* node) {
     for (const auto* manager : info.inputStreams) {
         const auto* input = static_cast<const QVHostInputStreamManager*>(manager);
-        StreamEnd end = endOf(input->binding());
+        SurveyedEnd end = endOf(input->binding());
         end.format = input->format();
         end.remainNewest = input->mRemainNewest != 0;
-        node->inputs.push_back(std::move(end));
+        node->inputEnds.push_back(std::move(end));
     }
     for (const auto* manager : info.outputStreams) {
         const auto* output = static_cast<const QVHostOutputStreamManager*>(manager);
-        StreamEnd end = endOf(output->binding());
+        SurveyedEnd end = endOf(output->binding());
         if (end.name) {
             end.format = output->mStreamType;
         }
-        node->outputs.push_back(std::move(end));
+        node->outputEnds.push_back(std::move(end));
     }
 }
 
-// What the node's store holds under the keys of one option object. A store that
-// is not the desk's own tells what its finders find.
+// Reads what the node's store holds under the keys of one option object. The
+// store may be a node class's own, so only its finders are called.
 void readOptions(const json11::Json& object, QvMetaData* store, Options* options) {
     for (const auto& member : object.object_items()) {
         const char* key = member.first.c_str();
@@ -88,14 +74,13 @@ void readOptions(const json11::Json& object, QvMetaData* store, Options* options
 
 Options readOptions(const json11::Json& member, QvMetaData* store) {
     Options options;
-    for (const char* object :
-         {"node_opts", "stream_opts", "node_opts_extra", "stream_opts_extra"}) {
+    for (const char* object : OPTION_OBJECTS) {
         readOptions(member[object], store, &options);
     }
     return options;
 }
 
-bool isBound(const StreamEnd& end) {
+bool isBound(const SurveyedEnd& end) {
     return end.name.has_value();
 }
 
@@ -104,57 +89,53 @@ size_t boundOf(const Ends& ends) {
 }
 
 // "input stream", or "input stream 2 of 3".
-std::string placeOf(const char* side, size_t index, size_t count) {
-    std::string place = std::string(side) + " stream";
+std::string nameOfEnd(const char* side, size_t index, size_t count) {
+    std::string position = std::string(side) + " stream";
     if (count > 1) {
-        place += ' ' + std::to_string(index + 1) + " of " + std::to_string(count);
+        position += ' ' + std::to_string(index + 1) + " of " + std::to_string(count);
     }
-    return place;
+    return position;
 }
 
-// "1 input", "2 inputs".
-std::string counted(int number, const std::string& thing) {
-    return std::to_string(number) + ' ' + thing + (number == 1 ? "" : "s");
-}
-
-// What there is to say where a class has other numbers of streams than are
-// declared.
+// Explains a class whose number of streams differs from the declared one.
 std::string explainCount(const std::string& side, size_t ofClass, int declared) {
     if (ofClass == static_cast<size_t>(declared)) {
         return "";
     }
-    return ": its class has " + counted(static_cast<int>(ofClass), side) +
-           ", \"stream_opts\" declares " + std::to_string(declared);
+    return ": its class has " + counted(ofClass, side) + ", but \"stream_opts\" declares " +
+           std::to_string(declared);
 }
 
-// Streams are wired in order, inputs first: the first end that is not bound is
-// the one without a name. Where all are, a node class asserted something.
-std::string explainAbort(const _QVNodeInfo& info, const AssertionFailed& failed, Node* node) {
-    const size_t inputs = boundOf(node->inputs);
-    if (inputs < node->inputs.size()) {
-        return "no name for its " + placeOf("input", inputs, node->inputs.size()) +
-               explainCount("input", node->inputs.size(), info.inputNum);
+// Streams are wired in order, inputs first: the first end that is not bound has
+// no name. If all of them are bound, an assertion of the node class failed.
+std::string explainAbort(const _QVNodeInfo& info,
+                         const AssertionFailed& failed,
+                         SurveyedNode* node) {
+    const size_t inputs = boundOf(node->inputEnds);
+    if (inputs < node->inputEnds.size()) {
+        return "no name for its " + nameOfEnd("input", inputs, node->inputEnds.size()) +
+               explainCount("input", node->inputEnds.size(), info.inputNum);
     }
-    const size_t outputs = boundOf(node->outputs);
-    if (outputs < node->outputs.size()) {
-        return "no name for its " + placeOf("output", outputs, node->outputs.size()) +
-               explainCount("output", node->outputs.size(), info.outputNum);
+    const size_t outputs = boundOf(node->outputEnds);
+    if (outputs < node->outputEnds.size()) {
+        return "no name for its " + nameOfEnd("output", outputs, node->outputEnds.size()) +
+               explainCount("output", node->outputEnds.size(), info.outputNum);
     }
     node->failedByClass = true;
     return failed.text;
 }
 
-// The last end that is bound is the one without a format, if one is.
-std::string explainThrow(const std::exception& error, Node* node) {
-    const bool atOutput = boundOf(node->outputs) > 0;
-    Ends& ends = atOutput ? node->outputs : node->inputs;
+// If a format is missing, it is that of the last end that is bound.
+std::string explainThrow(const std::exception& error, SurveyedNode* node) {
+    const bool atOutput = boundOf(node->outputEnds) > 0;
+    Ends& ends = atOutput ? node->outputEnds : node->inputEnds;
     const size_t bound = boundOf(ends);
     if (error.what() != NO_FORMAT || bound == 0 || !ends[bound - 1].format.value_or("").empty()) {
         node->failedByClass = true;
-        return *error.what() == '\0' ? "an exception that does not say why" : error.what();
+        return *error.what() == '\0' ? "an exception without a message" : error.what();
     }
     ends[bound - 1].format.reset();
-    return "no format for its " + placeOf(atOutput ? "output" : "input", bound - 1, ends.size()) +
+    return "no format for its " + nameOfEnd(atOutput ? "output" : "input", bound - 1, ends.size()) +
            " '" + *ends[bound - 1].name + "'";
 }
 
@@ -164,18 +145,21 @@ std::string explainRefusal(const QVHostTaskGraph::Refusal& refusal, int id) {
         return "the name of its " + side + " stream is empty";
     }
     const int producer = refusal.producer.value_or(id);
-    return "its " + side + " stream '" + refusal.name + "' is produced by " +
-           (producer == id ? "the node itself" : indexedKey("node_", producer)) + " already";
+    if (producer == id) {
+        return "it produces stream '" + refusal.name + "' twice";
+    }
+    return "stream '" + refusal.name + "' already has a producer, '" +
+           indexedKey("node_", producer) + "'";
 }
 
-// Why the node proxy made no node.
-std::string explainNoNode(Node* node) {
+// Why the node proxy created no node.
+std::string explainNoNode(SurveyedNode* node) {
     if (!node->key) {
-        return "its id " + std::to_string(node->id) + " leads to '" +
-               indexedKey("node_", node->id) + "', which is not there";
+        return "its id " + std::to_string(node->id) + " maps to '" + indexedKey("node_", node->id) +
+               "', which does not exist";
     }
     if (node->name.empty()) {
-        return "it has no \"node_name\" that is a text";
+        return "it has no \"node_name\" that is a string";
     }
     if (node->className.empty()) {
         return "its name '" + node->name + "' has no class before the '#'";
@@ -184,30 +168,30 @@ std::string explainNoNode(Node* node) {
         return "its class '" + node->className + "' is not registered";
     }
     node->failedByClass = true;
-    return "its class '" + node->className + "' made no node";
+    return "its class '" + node->className + "' created no node";
 }
 
-// The streams of one side that are declared beyond those that the class has.
+// Explains the declared streams of one side that exceed those of the class.
 std::string explainUnwired(const std::string& side, size_t ofClass, int declared) {
     const int unwired = declared - static_cast<int>(ofClass);
     if (unwired <= 0) {
         return "";
     }
-    return counted(unwired, "declared " + side) + (unwired == 1 ? " is" : " are") +
-           " not wired: its class has " + counted(static_cast<int>(ofClass), side);
+    return counted(static_cast<size_t>(unwired), "declared " + side) +
+           (unwired == 1 ? " is" : " are") + " not wired: its class has " + counted(ofClass, side);
 }
 
-std::string explainUnwired(const _QVNodeInfo& info, const Node& node) {
-    const std::string inputs = explainUnwired("input", node.inputs.size(), info.inputNum);
-    const std::string outputs = explainUnwired("output", node.outputs.size(), info.outputNum);
+std::string explainUnwired(const _QVNodeInfo& info, const SurveyedNode& node) {
+    const std::string inputs = explainUnwired("input", node.inputEnds.size(), info.inputNum);
+    const std::string outputs = explainUnwired("output", node.outputEnds.size(), info.outputNum);
     return inputs + (inputs.empty() || outputs.empty() ? "" : "; ") + outputs;
 }
 
-void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* node) {
+void recordResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, SurveyedNode* node) {
     if (info.node == nullptr) {
         node->outcome = Outcome::NotCreated;
         node->message = explainNoNode(node);
-    } else if (node->inputs.empty() && node->outputs.empty()) {
+    } else if (node->inputEnds.empty() && node->outputEnds.empty()) {
         node->outcome = Outcome::NoStreams;
         node->message = "it has neither inputs nor outputs";
     } else if (graph.refusal()) {
@@ -218,15 +202,71 @@ void tellResult(const _QVNodeInfo& info, const QVHostTaskGraph& graph, Node* nod
     }
 }
 
-// Has the parser set the node up, and tells how that ended.
-void initialise(
-    const QVGraphParser& parser, int pipe, QVHostTaskGraph* graph, _QVNodeInfo* info, Node* node) {
-    const QVLookupScope lookups;
+StreamLookup streamLookup(const QVLookupScope::Lookup& lookup) {
+    return {lookup.key, lookup.result == QVLookupScope::Result::Found};
+}
+
+// Reads the last two of the first `count` lookups.
+void readLookups(const std::vector<QVLookupScope::Lookup>& lookups,
+                 const QvMetaData* store,
+                 size_t count,
+                 SurveyedEnd* end) {
+    if (count >= 2 && lookups[count - 1].store == store) {
+        end->nameLookup = streamLookup(lookups[count - 2]);
+        end->formatLookup = streamLookup(lookups[count - 1]);
+    }
+}
+
+// The end without a name that made the assertion fail; its key was looked up
+// last.
+SurveyedEnd* namelessEnd(const WatchedTaskGraph& graph, SurveyedNode* node) {
+    if (node->outcome != Outcome::WouldAbort || node->failedByClass) {
+        return nullptr;
+    }
+    const size_t inputs = graph.inputs().size();
+    return inputs < node->inputEnds.size() ? &node->inputEnds[inputs]
+                                           : &node->outputEnds[graph.outputs().size()];
+}
+
+// Reads which keys set-up looked up in the node's store, and for which streams.
+void readLookups(const QVLookupScope& scope,
+                 const WatchedTaskGraph& graph,
+                 const QvMetaData* store,
+                 SurveyedNode* node) {
+    const std::vector<QVLookupScope::Lookup> lookups = scope.lookups();
+    for (size_t i = 0; i < graph.inputs().size(); ++i) {
+        readLookups(lookups, store, graph.inputs()[i], &node->inputEnds[i]);
+    }
+    for (size_t i = 0; i < graph.outputs().size(); ++i) {
+        readLookups(lookups, store, graph.outputs()[i], &node->outputEnds[i]);
+    }
+    SurveyedEnd* const nameless = namelessEnd(graph, node);
+    if (nameless != nullptr && !lookups.empty() && lookups.back().store == store) {
+        nameless->nameLookup = streamLookup(lookups.back());
+    }
+    const auto isOfNode = [store](const QVLookupScope::Lookup& lookup) {
+        return lookup.store == store;
+    };
+    node->lookups.reserve(static_cast<size_t>(std::ranges::count_if(lookups, isOfNode)));
+    std::ranges::copy_if(lookups, std::back_inserter(node->lookups), isOfNode);
+    node->misses = scope.missesOf(store);
+    // Set-up looks up the name of every stream.
+    node->watched = !node->lookups.empty() || (node->inputEnds.empty() && node->outputEnds.empty());
+}
+
+// Makes the parser set the node up, and records the outcome.
+void initialise(const QVGraphParser& parser,
+                int pipe,
+                WatchedTaskGraph* graph,
+                _QVNodeInfo* info,
+                SurveyedNode* node) {
+    const QVLookupScope scope;
+    graph->watch(&scope);
     graph->beginNode(node->id);
     try {
         node->result = parser.initTaskNode(graph, pipe, node->id, info);
         readWiring(*info, node);
-        tellResult(*info, *graph, node);
+        recordResult(*info, *graph, node);
     } catch (const AssertionFailed& failed) {
         readWiring(*info, node);
         node->outcome = Outcome::WouldAbort;
@@ -240,24 +280,37 @@ void initialise(
     } catch (...) {
         readWiring(*info, node);
         node->outcome = Outcome::WouldThrow;
-        node->message = "something that is no std::exception";
+        node->message = "an exception that is not a std::exception";
         node->failedByClass = true;
     }
     if (info->node != nullptr) {
-        node->misses = lookups.missesOf(info->node->mOptions);
+        readLookups(scope, *graph, info->node->mOptions, node);
     }
 }
 
 }  // namespace
 
-const NodeInSetUp* nodeInSetUp() {
-    return currentNode;
+void WatchedTaskGraph::watch(const QVLookupScope* lookups) {
+    mLookups = lookups;
+    mInputs.clear();
+    mOutputs.clear();
 }
 
-Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* graph) {
+int WatchedTaskGraph::addInputStream(std::string name) {
+    mInputs.push_back(mLookups->count());
+    return QVHostTaskGraph::addInputStream(std::move(name));
+}
+
+int WatchedTaskGraph::addOutputStream(std::string name) {
+    mOutputs.push_back(mLookups->count());
+    return QVHostTaskGraph::addOutputStream(std::move(name));
+}
+
+SurveyedNode setUpNode(
+    const QVGraphParser& parser, int pipe, int id, WatchedTaskGraph* graph, bool readsOptions) {
     const json11::Json& nodes = parser.root()[indexedKey("pipe_", pipe)];
     const json11::Json& member = nodes[indexedKey("node_", id)];
-    Node node;
+    SurveyedNode node;
     node.id = id;
     node.key = keyIn(nodes, "node_", id);
     node.name = member["node_opts"]["node_name"].string_value();
@@ -268,7 +321,7 @@ Node setUpNode(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* g
     QVNodeOwner owner;
     initialise(parser, pipe, graph, owner.info(), &node);
     node.created = owner.info()->node != nullptr;
-    if (node.created) {
+    if (node.created && (readsOptions || !node.watched)) {
         node.options = readOptions(member, owner.info()->node->mOptions);
     }
     node.registered = node.created && QVNodeRegistry::instance().isRegistered(node.className);

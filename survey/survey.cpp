@@ -13,7 +13,7 @@ namespace qvgraph {
 
 namespace {
 
-// A sink that passes on what the observer asked for.
+// A sink that passes on the records that the observer requests.
 QVLogSink observed(const RecordObserver& records) {
     return [records](const QVLogRecord& record) {
         if (records.sink && record.level <= records.level) {
@@ -22,7 +22,7 @@ QVLogSink observed(const RecordObserver& records) {
     };
 }
 
-// Errors are watched even where the observer does not want them.
+// The survey needs the errors, even if the observer does not request them.
 int levelFor(const RecordObserver& records) {
     return records.sink ? std::max<int>(records.level, QV_LOG_ERROR) : QV_LOG_ERROR;
 }
@@ -38,21 +38,21 @@ std::string plainMessage(const QVLogRecord& record) {
     return message;
 }
 
-// What json11 says of a text, in the record that the parser makes of it.
+// json11's text in the record that the parser logs.
 std::string jsonErrorIn(const QVLogRecord& record) {
     const std::string message = plainMessage(record);
     const std::string before = "err=";
     return message.substr(message.find(before) + before.size());
 }
 
-// What json11's own text does not say of a document that does not load.
+// What json11's text does not say about a document that does not load.
 std::string hintFor(const std::string& text) {
     if (text.compare(0, 3, "\xef\xbb\xbf") == 0) {
         return " (the text begins with a byte-order mark)";
     }
     const size_t nul = text.find('\0');
     if (nul != std::string::npos) {
-        return " (the text ends at a NUL, the byte " + std::to_string(nul) + ")";
+        return " (the text ends at the NUL at byte " + std::to_string(nul) + ")";
     }
     return "";
 }
@@ -63,42 +63,79 @@ struct FamilyMember {
     int id = 0;
 };
 
-// The members of a family in the parser's order. The parser is asked for the id
-// in each key by itself: its lookup by index walks the object every time.
+// The members of a family in the parser's order. Each id is queried in an object
+// that has only this member, because the parser's lookup by index walks the
+// entire object every time.
 std::vector<FamilyMember> membersOf(const QVGraphParser& parser,
                                     const json11::Json& object,
                                     const char* prefix) {
     std::vector<FamilyMember> members;
     for (const auto& member : object.object_items()) {
         if (hasPrefix(member.first, prefix)) {
-            const json11::Json alone = json11::Json::object{{member.first, nullptr}};
-            members.push_back({member.first, parser.getItemIDByIndex(alone, 0, prefix)});
+            const json11::Json single = json11::Json::object{{member.first, nullptr}};
+            members.push_back({member.first, parser.getItemIDByIndex(single, 0, prefix)});
         }
     }
     return members;
 }
 
-// How a kind of members with options is asked for.
+// How the parser is queried for a kind of members with options.
 struct SetKind {
     const char* prefix;
+    const char* section;  // of a member, with its options; "" for the member itself
     int (QVGraphParser::*num)(int pipe) const;
     int (QVGraphParser::*syncOptions)(QvMetaData* meta, int pipe, int id) const;
 };
 
 const SetKind EXECUTORS = {
-    "executor_", &QVGraphParser::getExecNum, &QVGraphParser::syncExecOptions};
-const SetKind LINKS = {"link_", &QVGraphParser::getLinkNum, &QVGraphParser::syncLinkOptions};
+    "executor_", "executor_opts", &QVGraphParser::getExecNum, &QVGraphParser::syncExecOptions};
+const SetKind LINKS = {"link_", "", &QVGraphParser::getLinkNum, &QVGraphParser::syncLinkOptions};
 
 Options optionsOf(const QVHostMetaData& store) {
     return {store.entries().begin(), store.entries().end()};
 }
 
-std::vector<OptionSet> surveySets(const QVGraphParser& parser, int pipe, const SetKind& kind) {
+// Keeps the last value that is stored in it.
+class SingleValueStore : public QvMetaData {
+public:
+    int setCString(const char* /*key*/, const char* value) override { return keep(value); }
+    int setInt32(const char* /*key*/, int32_t value) override { return keep(value); }
+    int setInt64(const char* /*key*/, int64_t value) override { return keep(value); }
+    int setFloat(const char* /*key*/, float value) override { return keep(value); }
+    int findCString(const char* /*key*/, const char** /*value*/) override { return 0; }
+
+    std::optional<OptionValue> take() { return std::exchange(mValue, std::nullopt); }
+
+private:
+    template <typename Type>
+    int keep(Type value) {
+        mValue = value;
+        return 0;
+    }
+
+    std::optional<OptionValue> mValue;
+};
+
+Conversions convert(const QVGraphParser& parser, const json11::Json& object) {
+    SingleValueStore store;
+    Conversions conversions;
+    conversions.reserve(object.object_items().size());
+    for (const auto& [key, value] : object.object_items()) {
+        parser.parseOptions(&store, key.c_str(), value);
+        conversions.push_back(store.take());
+    }
+    return conversions;
+}
+
+std::vector<SurveyedOptionSet> surveySets(const QVGraphParser& parser,
+                                          int pipe,
+                                          const SetKind& kind,
+                                          bool forModel) {
     const json11::Json& members = parser.root()[indexedKey("pipe_", pipe)];
     (parser.*kind.num)(pipe);  // for its records
-    std::vector<OptionSet> sets;
+    std::vector<SurveyedOptionSet> sets;
     for (const FamilyMember& member : membersOf(parser, members, kind.prefix)) {
-        OptionSet set;
+        SurveyedOptionSet set;
         set.index = static_cast<int>(sets.size());
         set.id = member.id;
         set.member = member.key;
@@ -106,23 +143,17 @@ std::vector<OptionSet> surveySets(const QVGraphParser& parser, int pipe, const S
         QVHostMetaData store;
         (parser.*kind.syncOptions)(&store, pipe, set.id);
         set.options = optionsOf(store);
+        if (forModel) {
+            const json11::Json& own = members[member.key];
+            set.conversions = convert(parser, *kind.section == '\0' ? own : own[kind.section]);
+        }
         sets.push_back(std::move(set));
     }
     return sets;
 }
 
-// What the four option objects of a node leave in a store.
-Options storedOptions(const QVGraphParser& parser, const json11::Json& node) {
-    QVHostMetaData store;
-    for (const char* object :
-         {"node_opts", "stream_opts", "node_opts_extra", "stream_opts_extra"}) {
-        parser.syncOptions(&store, node[object]);
-    }
-    return optionsOf(store);
-}
-
-Stream surveyStream(const QVHostTaskGraph::Stream& registered) {
-    Stream stream;
+SurveyedStream surveyStream(const QVHostTaskGraph::Stream& registered) {
+    SurveyedStream stream;
     stream.id = registered.id;
     stream.name = registered.name;
     if (registered.producer) {
@@ -134,34 +165,38 @@ Stream surveyStream(const QVHostTaskGraph::Stream& registered) {
     return stream;
 }
 
-Pipe surveyPipe(const QVGraphParser& parser, int index, bool stored) {
+SurveyedPipe surveyPipe(const QVGraphParser& parser, int index, bool forModel) {
     const json11::Json& members = parser.root()[indexedKey("pipe_", index)];
-    Pipe pipe;
+    SurveyedPipe pipe;
     pipe.index = index;
     pipe.key = keyIn(parser.root(), "pipe_", index);
     pipe.threads = parser.getThreadNum(index);
     pipe.linkMode = parser.getDefaultLinkMode(index);
-    pipe.executors = surveySets(parser, index, EXECUTORS);
-    pipe.links = surveySets(parser, index, LINKS);
-    QVHostTaskGraph graph;
+    pipe.executors = surveySets(parser, index, EXECUTORS, forModel);
+    pipe.links = surveySets(parser, index, LINKS, forModel);
+    WatchedTaskGraph graph;
     parser.getNodeNum(index);  // for its records
-    for (const FamilyMember& member : membersOf(parser, members, "node_")) {
-        Node node = setUpNode(parser, index, member.id, &graph);
+    const std::vector<FamilyMember> nodes = membersOf(parser, members, "node_");
+    pipe.nodes.reserve(nodes.size());
+    for (const FamilyMember& member : nodes) {
+        SurveyedNode node = setUpNode(parser, index, member.id, &graph, !forModel);
         node.index = static_cast<int>(pipe.nodes.size());
         node.member = member.key;
-        if (stored) {
-            node.stored = storedOptions(parser, members[member.key]);
+        for (size_t i = 0; forModel && i < OPTION_OBJECTS.size(); ++i) {
+            node.conversions[i] = convert(parser, members[member.key][OPTION_OBJECTS[i]]);
         }
         pipe.nodes.push_back(std::move(node));
     }
-    for (const QVHostTaskGraph::Stream& stream : graph.streams()) {
-        pipe.streams.push_back(surveyStream(stream));
+    if (!forModel) {
+        for (const QVHostTaskGraph::Stream& stream : graph.streams()) {
+            pipe.streams.push_back(surveyStream(stream));
+        }
     }
     return pipe;
 }
 
 // Nothing on success; otherwise json11's text, which is empty for null.
-std::optional<std::string> load(const std::string& text,
+std::optional<std::string> load(const char* text,
                                 const RecordObserver& records,
                                 QVGraphParser* parser) {
     std::string jsonError;
@@ -170,50 +205,38 @@ std::optional<std::string> load(const std::string& text,
         observer(record);
         jsonError = jsonErrorIn(record);
     });
-    if (parser->parseConfigText(text.c_str()) == 0) {
+    if (parser->parseConfigText(text) == 0) {
         return std::nullopt;
     }
     return jsonError;
 }
 
+// The index of every pipe that an index maps to, in ascending order.
+std::vector<int> mappedPipes(const QVGraphParser& parser) {
+    std::vector<int> pipes;
+    for (const FamilyMember& member : membersOf(parser, parser.root(), "pipe_")) {
+        if (member.id >= 0 && member.key == indexedKey("pipe_", member.id)) {
+            pipes.push_back(member.id);
+        }
+    }
+    std::sort(pipes.begin(), pipes.end());
+    return pipes;
+}
+
 // The indexes of the pipes to survey.
 std::vector<int> pipesFor(const QVGraphParser& parser, const SurveyRequest& request) {
-    std::vector<int> pipes;
-    if (request.everyMember) {
-        for (const FamilyMember& member : membersOf(parser, parser.root(), "pipe_")) {
-            if (member.id >= 0 && member.key == indexedKey("pipe_", member.id)) {
-                pipes.push_back(member.id);
-            }
-        }
-        std::sort(pipes.begin(), pipes.end());
-    } else if (request.pipe) {
-        pipes.push_back(*request.pipe);
-    } else {
-        pipes.resize(static_cast<size_t>(parser.getPipeNum()));
-        std::iota(pipes.begin(), pipes.end(), 0);
+    if (request.forModel) {
+        return mappedPipes(parser);
     }
+    if (request.pipe) {
+        return {*request.pipe};
+    }
+    std::vector<int> pipes(static_cast<size_t>(parser.getPipeNum()));
+    std::iota(pipes.begin(), pipes.end(), 0);
     return pipes;
 }
 
 }  // namespace
-
-const char* toText(Outcome outcome) {
-    switch (outcome) {
-        case Outcome::Ready:
-            return "ready";
-        case Outcome::NotCreated:
-            return "not created";
-        case Outcome::NoStreams:
-            return "no streams";
-        case Outcome::StreamRefused:
-            return "stream refused";
-        case Outcome::WouldAbort:
-            return "would abort";
-        case Outcome::WouldThrow:
-            return "would throw";
-    }
-    return "";
-}
 
 NodeClasses surveyNodeClasses() {
     const QVNodeRegistry& registry = QVNodeRegistry::instance();
@@ -225,21 +248,10 @@ NodeClasses surveyNodeClasses() {
     return all;
 }
 
-Readiness readinessOf(const Survey& survey) {
-    Readiness readiness;
-    for (const Pipe& pipe : survey.pipes) {
-        for (const Node& node : pipe.nodes) {
-            ++readiness.nodes;
-            readiness.notReady += node.outcome == Outcome::Ready ? 0 : 1;
-        }
-    }
-    return readiness;
-}
-
 std::optional<std::string> loadConfiguration(const std::string& text,
                                              const RecordObserver& records,
                                              QVGraphParser* parser) {
-    const std::optional<std::string> jsonError = load(text, records, parser);
+    const std::optional<std::string> jsonError = load(text.c_str(), records, parser);
     if (!jsonError) {
         return std::nullopt;
     }
@@ -258,7 +270,7 @@ Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& req
     survey.nodeClasses = surveyNodeClasses();
     const std::vector<int> pipes = pipesFor(parser, request);
     for (const int index : pipes) {
-        survey.pipes.push_back(surveyPipe(parser, index, request.everyMember));
+        survey.pipes.push_back(surveyPipe(parser, index, request.forModel));
         if (request.progress) {
             request.progress(survey.pipes.size(), pipes.size());
         }
@@ -266,7 +278,7 @@ Survey surveyConfiguration(const QVGraphParser& parser, const SurveyRequest& req
     return survey;
 }
 
-SurveyedText surveyText(const std::string& text, const SurveyRequest& request) {
+SurveyedText surveyText(const char* text, const SurveyRequest& request) {
     QVGraphParser parser;
     SurveyedText surveyed;
     if (const auto jsonError = load(text, request.records, &parser)) {

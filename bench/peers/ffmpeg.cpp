@@ -1,4 +1,4 @@
-#include <cstdint>  // its headers ask for UINT64_C
+#include <cstdint>  // FFmpeg's headers need UINT64_C
 
 extern "C" {
 #include <libavfilter/avfilter.h>
@@ -7,7 +7,7 @@ extern "C" {
 #include "bench/peers/peers.h"
 #include "bench/require.h"
 
-Work makeFFmpegGraph(const Size& size) {
+Work createFFmpegGraph(const Size& size) {
     std::string chain;
     for (int i = 0; i < size.nodes; ++i) {
         chain += i == 0 ? "" : ",";

@@ -3,7 +3,7 @@
 #include "bench/peers/peers.h"
 #include "bench/require.h"
 
-Work makeGStreamerPipeline(const Size& size) {
+Work createGStreamerPipeline(const Size& size) {
     gst_registry_fork_set_enabled(FALSE);
     require(gst_init_check(nullptr, nullptr, nullptr) != 0);
     std::string chain;

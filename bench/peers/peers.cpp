@@ -21,10 +21,10 @@ Cases peerCases() {
         {"protobuf", parseWithProtobuf},
 #endif
 #ifdef QVGRAPH_BENCH_FFMPEG
-        {"ffmpeg", makeFFmpegGraph},
+        {"ffmpeg", createFFmpegGraph},
 #endif
 #ifdef QVGRAPH_BENCH_GSTREAMER
-        {"gstreamer", makeGStreamerPipeline},
+        {"gstreamer", createGStreamerPipeline},
 #endif
     };
 }

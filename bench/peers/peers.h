@@ -1,10 +1,10 @@
-// One function for each library that may be there.
+// One function for each library; those that are not installed are not defined.
 #ifndef QVGRAPH_BENCH_PEERS_PEERS_H_
 #define QVGRAPH_BENCH_PEERS_PEERS_H_
 
 #include "bench/cases.h"
 
-// Read the typical document, or the same in another language, and free it.
+// Parse the typical document, or the same in another language, and free it.
 Work parseWithNlohmann(const Size& size);
 Work parseWithRapidJson(const Size& size);
 Work parseWithJsonCpp(const Size& size);
@@ -12,8 +12,8 @@ Work parseWithSimdJson(const Size& size);
 Work parseWithYamlCpp(const Size& size);
 Work parseWithProtobuf(const Size& size);
 
-// Make a chain of as many filters or elements, with options, and free it.
-Work makeFFmpegGraph(const Size& size);
-Work makeGStreamerPipeline(const Size& size);
+// Create a chain of as many filters or elements, with options, and free it.
+Work createFFmpegGraph(const Size& size);
+Work createGStreamerPipeline(const Size& size);
 
 #endif  // QVGRAPH_BENCH_PEERS_PEERS_H_

@@ -1,4 +1,4 @@
-// The logger, and the small helpers that the parser takes from a framework.
+// The logger and the small helper functions that the parser requires.
 #include "framework/qv_log.h"
 
 #include <strings.h>
@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
-// Notices and information are left out: main.cpp tells which node failed.
+// Discards notices and information: main.cpp reports which node failed.
 int qv_log(uint32_t, int, const char*, const char*, const char*, int, ...) {
     return 0;
 }
@@ -19,7 +19,7 @@ int qv_err(
     va_start(arguments, line);
     vfprintf(stderr, format, arguments);
     va_end(arguments);
-    fputs(strchr(format, '\n') == nullptr ? "\n" : "", stderr);  // those of the checks have one
+    fputs(strchr(format, '\n') == nullptr ? "\n" : "", stderr);  // checks have one
     return 0;
 }
 

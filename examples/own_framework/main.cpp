@@ -1,10 +1,10 @@
-// A framework from nothing: all that a program writes to use the parser without
-// the framework for the desk. For a device, start from here.
+// A minimal framework: everything that a program must define to use the parser
+// without the host framework. For a device, start from here.
 //
 //   own_framework first.json
 //
-// It sets every node up and prints what was wired. The program ends with 0; with
-// 1 when a node is not ready, and with 2 when there is no configuration.
+// The program sets up every node and prints the wiring. It exits with 0; with 1
+// if a node is not ready, and with 2 if the configuration cannot be loaded.
 #include <cstdio>
 #include <list>
 #include <map>
@@ -18,7 +18,7 @@
 
 namespace {
 
-// What is set last under a key stays. The parser reads strings, a node the rest.
+// The last value set under a key wins. The parser reads only strings back.
 struct OptionStore : public QvMetaData {
     int setCString(const char* key, const char* value) override { return set(&texts, key, value); }
     int setInt32(const char* key, int32_t value) override { return set(&integers, key, value); }
@@ -42,7 +42,7 @@ struct OptionStore : public QvMetaData {
     std::map<std::string, float> reals;
 };
 
-// Gives each stream name one id; refuses an empty one, and a second producer.
+// Assigns one id to each stream name; refuses an empty one, and a second producer.
 struct TaskGraph : public QVTaskGraphConfig {
     int addInputStream(std::string name) override { return name.empty() ? -1 : idOf(name); }
     int addOutputStream(std::string name) override {
@@ -55,7 +55,7 @@ struct TaskGraph : public QVTaskGraphConfig {
     std::set<std::string> produced;
 };
 
-// The ends of a stream hold what they are told.
+// The ends of a stream store what they are bound to.
 template <typename Manager>
 struct StreamEnd : public Manager {
     int initialize(const std::string& streamName, int streamId, int /*nodeId*/) override {
@@ -76,20 +76,20 @@ struct InputStream : public StreamEnd<QVInputStreamManager> {
     std::string format;
 };
 
-// The one node class. A node owns its options and its ends of streams.
+// The only node class. A node owns its options and its stream managers.
 struct Node : public QVTaskNodeBase {
     explicit Node(const _QVNodeInfo& info)
         : inputs(static_cast<size_t>(info.inputNum)), outputs(static_cast<size_t>(info.outputNum)) {
         mOptions = &options;
     }
-    // By now the options are stored and all streams are bound.
+    // Called after the options are stored and all streams are bound.
     int initialize(int nodeId,
                    _QVTaskNodeInfo* info,
                    const std::vector<QVInputStreamManager*>& /*inputs*/,
                    const std::vector<QVOutputStreamManager*>& /*outputs*/) override {
         printf("  node %d, %s\n", nodeId, info->nodeName.c_str());
         for (const InputStream& in : inputs) {
-            const char* const mode = in.mRemainNewest != 0 ? ", newest only" : "";
+            const char* const mode = in.mRemainNewest != 0 ? ", latest only" : "";
             printf("    in  %d %s, %s%s\n", in.id, in.name.c_str(), in.format.c_str(), mode);
         }
         for (const OutputStream& out : outputs) {
@@ -104,10 +104,10 @@ struct Node : public QVTaskNodeBase {
     bool ready = false;
 };
 
-std::list<Node> all_nodes;  // they live as long as the process
+std::list<Node> all_nodes;  // kept until the process ends
 
-// To the parser, a node of which the task graph refused a stream is no failure:
-// it was not initialised. A stream without a format throws.
+// Returns whether the node is ready. If the task graph refuses a stream, the parser
+// returns 0 but does not initialise the node. A stream without a format throws.
 bool setUp(const QVGraphParser& parser, TaskGraph* graph, int pipe, int id) {
     _QVNodeInfo info;
     try {
@@ -119,7 +119,7 @@ bool setUp(const QVGraphParser& parser, TaskGraph* graph, int pipe, int id) {
 
 }  // namespace
 
-// With several classes, this notes in info->stubUid which one the name means.
+// With several classes, store in info->stubUid which one the name selects.
 void node_proxy_parse_stub_uid(_QVNodeInfo* /*info*/, const char* /*name*/) {}
 
 void node_proxy_node_create(_QVNodeInfo* info) {
@@ -136,7 +136,7 @@ void node_proxy_node_create(_QVNodeInfo* info) {
 int main(int argc, char** argv) {
     QVGraphParser parser;
     if (argc != 2 || parser.parseConfigFile(argv[1]) != 0) {
-        fprintf(stderr, "Usage: own_framework FILE, with a configuration in it\n");
+        fprintf(stderr, "Usage: own_framework FILE (a configuration)\n");
         return 2;
     }
     int result = 0;

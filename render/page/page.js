@@ -1,5 +1,5 @@
-// The page around a picture: looks around in it, finds nodes and streams, and
-// tells what is known of them. All that a configuration holds is text here.
+// The page around a picture: pans and zooms, finds nodes and streams, and shows
+// their details. Everything from a configuration is inserted as text.
 'use strict';
 
 (() => {
@@ -11,9 +11,9 @@
   const search = document.getElementById('ui-search');
   const results = document.getElementById('ui-results');
 
-  // ---- What is in the picture -------------------------------------------
+  // ---- The parts of the picture ------------------------------------------
 
-  // By the ids of elements: pipes, nodes and streams.
+  // Pipes, nodes and streams, by the ids of their elements.
   const things = new Map();
   for (const pipe of data.pipes) {
     things.set(pipe.id, {kind: 'pipe', pipe, item: pipe, title: pipe.key, detail: pipe.facts});
@@ -49,11 +49,11 @@
 
   // ---- The view ------------------------------------------------------------
 
-  const whole = svg.viewBox.baseVal;
-  const full = {x: whole.x, y: whole.y, w: whole.width, h: whole.height};
+  const box = svg.viewBox.baseVal;
+  const full = {x: box.x, y: box.y, w: box.width, h: box.height};
   svg.removeAttribute('width');
   svg.removeAttribute('height');
-  const view = {x: 0, y: 0, scale: 1};  // the corner, and units of the picture for each pixel
+  const view = {x: 0, y: 0, scale: 1};  // the corner, and units of the picture per pixel
   const READABLE = 2;  // a larger scale makes text too small
   let fitted = true;
 
@@ -63,8 +63,8 @@
     svg.setAttribute('viewBox', `${view.x} ${view.y} ${w} ${h}`);
   }
 
-  // Shows the whole from its top, or its beginning where the whole would be too
-  // small for its text to be read.
+  // Shows the entire picture from its top, or its beginning if the text of the
+  // entire picture would be too small to read.
   function fit(largest = Infinity) {
     fitted = true;
     const scale = Math.max(full.w / Math.max(stage.clientWidth, 1),
@@ -78,7 +78,7 @@
     show();
   }
 
-  // Zooms, with the point at these pixels of the stage staying where it is.
+  // Zooms around the point at these pixels of the stage.
   function zoom(factor, x = stage.clientWidth / 2, y = stage.clientHeight / 2) {
     const largest = 4 * Math.max(full.w / stage.clientWidth, full.h / stage.clientHeight, 1);
     const scale = Math.min(Math.max(view.scale * factor, 0.05), largest);
@@ -96,28 +96,28 @@
     show();
   }
 
-  function toMiddle(element) {
+  function centre(element) {
     const box = element.getBoundingClientRect();
     const around = stage.getBoundingClientRect();
     pan(around.left + around.width / 2 - box.left - box.width / 2,
         around.top + around.height / 2 - box.top - box.height / 2);
   }
 
-  // Brings an element to the middle, large enough to read.
+  // Centres an element, large enough to read.
   function goTo(element) {
     if (view.scale > 1) {
       zoom(1 / view.scale);
     }
-    toMiddle(element);
+    centre(element);
   }
 
-  // Brings an element to the middle if the stage does not show all of it.
+  // Centres an element unless the stage shows all of it.
   function reveal(element) {
     const box = element.getBoundingClientRect();
     const around = stage.getBoundingClientRect();
     if (box.left < around.left || box.right > around.right || box.top < around.top ||
         box.bottom > around.bottom) {
-      toMiddle(element);
+      centre(element);
     }
   }
 
@@ -240,11 +240,11 @@
     for (const end of ends) {
       const item = add(list, 'li');
       addLink(item, end.id);
-      add(item, 'span', ` ${end.format}${end.newest ? ', newest only' : ''}`);
+      add(item, 'span', ` ${end.format}${end.newest ? ', latest only' : ''}`);
     }
   }
 
-  function tellNode({pipe, item}) {
+  function showNode({pipe, item}) {
     const name = [['name', item.name], ['class', item.class], ['key', item.key],
                   ['id', String(item.number)], ['set-up', item.outcome]];
     addRows(add(panel, 'table'), name);
@@ -254,14 +254,14 @@
     addOptions('Options', item.options);
   }
 
-  function tellStream({pipe, item}) {
-    add(panel, 'p', `a stream of ${pipe.key}`);
+  function showStream({pipe, item}) {
+    add(panel, 'p', `a stream in ${pipe.key}`);
     addFindings(item.findings);
-    addEnds('Given by', pipe, item.producers);
-    addEnds('Taken by', pipe, item.consumers);
+    addEnds('Producers', pipe, item.producers);
+    addEnds('Consumers', pipe, item.consumers);
   }
 
-  function tellPipe({item}) {
+  function showPipe({item}) {
     add(panel, 'p', item.facts);
     addFindings(item.findings);
     for (const set of [...item.executors, ...item.links]) {
@@ -269,9 +269,10 @@
     }
   }
 
-  const tell = {node: tellNode, stream: tellStream, pipe: tellPipe};
+  const details = {node: showNode, stream: showStream, pipe: showPipe};
 
-  // What is lit with a thing: with a node its streams and their other ends.
+  // The ids that are highlighted with a thing: with a node, its streams and their
+  // other ends.
   function litWith(id) {
     const {kind, item} = things.get(id);
     const ids = new Set([id]);
@@ -287,7 +288,7 @@
     return ids;
   }
 
-  function forget() {
+  function deselect() {
     panel.hidden = true;
     svg.classList.remove('ui-focus');
     for (const element of svg.querySelectorAll('.ui-lit, .ui-selected')) {
@@ -297,12 +298,12 @@
   }
 
   function select(id, moves) {
-    forget();
+    deselect();
     const thing = things.get(id);
     panel.replaceChildren();
-    addButton(panel, 'Close', forget).id = 'ui-close';
+    addButton(panel, 'Close', deselect).id = 'ui-close';
     add(panel, 'h2', thing.title);
-    tell[thing.kind](thing);
+    details[thing.kind](thing);
     panel.hidden = false;
     panel.scrollTop = 0;
     show();
@@ -324,11 +325,11 @@
     if (id) {
       select(id, false);
     } else if (!moved) {
-      forget();
+      deselect();
     }
   });
 
-  // Whoever has no pointer gets from node to node with the tabulator.
+  // The tab key moves from node to node.
   for (const [id, thing] of things) {
     if (thing.kind !== 'node') {
       continue;
@@ -348,7 +349,7 @@
 
   // ---- Search --------------------------------------------------------------
 
-  const MOST_RESULTS = 50;
+  const MAX_RESULTS = 50;
   const all = [...things].filter(([, thing]) => thing.kind !== 'pipe').map(([id, thing]) =>
       ({id, thing, text: `${thing.title} ${thing.detail}`.toLowerCase()}));
 
@@ -357,18 +358,18 @@
     const found = words.length === 0 ? [] :
         all.filter(({text}) => words.every((word) => text.includes(word)));
     results.replaceChildren();
-    for (const {id, thing} of found.slice(0, MOST_RESULTS)) {
+    for (const {id, thing} of found.slice(0, MAX_RESULTS)) {
       const button = addButton(add(results, 'li'), thing.title, () => {
         results.hidden = true;
         select(id, true);
       });
       add(button, 'small', ` ${thing.detail}`);
     }
-    if (words.length > 0 && found.length !== Math.min(found.length, MOST_RESULTS)) {
-      add(results, 'li', `and ${found.length - MOST_RESULTS} more`);
+    if (words.length > 0 && found.length !== Math.min(found.length, MAX_RESULTS)) {
+      add(results, 'li', `and ${found.length - MAX_RESULTS} more`);
     }
     if (words.length > 0 && found.length === 0) {
-      add(results, 'li', 'nothing found');
+      add(results, 'li', 'no results');
     }
     results.hidden = words.length === 0;
   }
@@ -422,7 +423,7 @@
     '-': () => zoom(1.3),
     '0': () => fit(),
     '/': () => search.focus(),
-    Escape: forget,
+    Escape: deselect,
     ArrowLeft: () => pan(60, 0),
     ArrowRight: () => pan(-60, 0),
     ArrowUp: () => pan(0, 60),

@@ -1,7 +1,7 @@
-// The page of "qvgraph draw", in a browser.
+// The page of "qvgraph draw" in a browser.
 //
-// Run by scripts/browser-test, which says where the command and the browser
-// are, and which folder is for what the tests write.
+// scripts/browser-test runs it, with the paths of the command, of the browser and
+// of a folder for the files that the tests write.
 'use strict';
 
 const {after, before, test} = require('node:test');
@@ -14,7 +14,7 @@ const {chromium} = require('playwright-core');
 const {QVGRAPH, CHROMIUM, WORK} = process.env;
 const DOOR_CAMERA = path.join(__dirname, '../../examples/door-camera.json');
 
-// What would run, or would break the page, if it were anything but text.
+// Names that would run, or would break the page, if they were not inserted as text.
 const EVIL = [
   '<script>window.ran = 1; alert(1)</script>',
   '</script><script>window.ran = 1</script>',
@@ -65,8 +65,8 @@ before(async () => {
 
 after(() => browser.close());
 
-// Draws a configuration and opens the picture. Returns the page, and what it
-// complained of or asked for meanwhile.
+// Draws a configuration and opens the picture. Returns the page, and a list of its
+// messages and requests.
 async function open(file, options = {}) {
   const {format = 'html', ...context} = options;
   const picture = path.join(WORK, `${path.basename(file, '.json')}.${format}`);
@@ -88,9 +88,9 @@ async function open(file, options = {}) {
 
 const evil = () => path.join(WORK, 'evil.json');
 
-// ---- Looking around ---------------------------------------------------------
+// ---- Navigation -------------------------------------------------------------
 
-test('a page loads without a word', async () => {
+test('a page loads without a message', async () => {
   const {page, seen} = await open(DOOR_CAMERA);
   assert.strictEqual(await page.title(), 'door-camera.json - qvgraph');
   assert.strictEqual(await page.locator('header p').textContent(), '2 pipes, 20 nodes');
@@ -98,7 +98,7 @@ test('a page loads without a word', async () => {
   assert.deepStrictEqual(seen, []);
 });
 
-test('a click on a node tells its options, streams and findings', async () => {
+test('a click on a node shows its options, streams and findings', async () => {
   const {page, seen} = await open(DOOR_CAMERA);
   await page.locator('g.node', {hasText: 'Tracker'}).click();
   const panel = page.locator('#ui-panel');
@@ -116,7 +116,7 @@ test('a click on a node tells its options, streams and findings', async () => {
   assert.deepStrictEqual(seen, []);
 });
 
-test('a click on a stream tells who gives and who takes it', async () => {
+test('a click on a stream shows its producers and consumers', async () => {
   const {page} = await open(DOOR_CAMERA);
   await page.locator('#p0s1 text').first().click();
   const panel = page.locator('#ui-panel');
@@ -129,7 +129,7 @@ test('a click on a stream tells who gives and who takes it', async () => {
   assert.strictEqual(await panel.locator('h2').textContent(), 'Scaler#detection');
 });
 
-test('a click on a pipe tells its executors and links', async () => {
+test('a click on a pipe shows its executors and links', async () => {
   const {page} = await open(DOOR_CAMERA);
   await page.locator('#p1 > polygon, #p1 > path, #p1 a > path, #p1 a > polygon').first().click(
       {position: {x: 20, y: 60}});
@@ -138,7 +138,7 @@ test('a click on a pipe tells its executors and links', async () => {
   assert.deepStrictEqual(await panel.locator('h3').allTextContents(), ['executor_0', 'link_0']);
 });
 
-test('findings are told with what they are on', async () => {
+test('findings are shown with their node', async () => {
   const file = path.join(WORK, 'wrong.json');
   fs.writeFileSync(file, `{"pipe_0": {"node_0": {
     "node_opts": {"node_name": "View", "wide": true},
@@ -163,7 +163,7 @@ test('search finds nodes and streams', async () => {
   await page.locator('#ui-search').fill('nv12');
   assert.ok((await results.allTextContents()).includes('frames pipe_0, stream, image:nv12'));
   await page.locator('#ui-search').fill('there is no such thing');
-  assert.deepStrictEqual(await results.allTextContents(), ['nothing found']);
+  assert.deepStrictEqual(await results.allTextContents(), ['no results']);
   assert.deepStrictEqual(seen, []);
 });
 
@@ -198,7 +198,7 @@ test('the keyboard reaches every node', async () => {
   assert.strictEqual(await page.locator('#ui-panel h2').textContent(), 'VideoCapture#door');
 });
 
-test('light and dark, as the system is or as one wants', async () => {
+test('the theme is that of the system, or the selected one', async () => {
   const fill = (page) => page.locator('#p0n0 path').first().evaluate(
       (path) => getComputedStyle(path).fill);
   const light = 'rgb(232, 240, 248)';
@@ -215,13 +215,13 @@ test('light and dark, as the system is or as one wants', async () => {
   assert.strictEqual(await fill(page), light);
 });
 
-test('an SVG has a dark side as well', async () => {
+test('an SVG also has a dark theme', async () => {
   const {page} = await open(DOOR_CAMERA, {format: 'svg', colorScheme: 'dark'});
   assert.strictEqual(await page.locator('#p0n0 path').first().evaluate(
       (path) => getComputedStyle(path).fill), 'rgb(31, 48, 68)');
 });
 
-// ---- What a configuration may try -------------------------------------------
+// ---- Hostile configurations --------------------------------------------------
 
 test('nothing of a configuration runs', async () => {
   const {page, seen} = await open(evil());
@@ -242,7 +242,7 @@ test('nothing of a configuration runs', async () => {
   assert.deepStrictEqual(seen, []);
 });
 
-test('names are shown as they are written', async () => {
+test('names are shown literally', async () => {
   const {page} = await open(evil());
   await page.locator('#ui-search').fill('&lt;script');
   await page.keyboard.press('Enter');
@@ -257,7 +257,7 @@ test('nothing of a configuration runs in an SVG', async () => {
   assert.deepStrictEqual(seen, []);
 });
 
-test('the policy of the page lets no other script run', async () => {
+test('the policy of the page prevents any other script from running', async () => {
   const {page, seen} = await open(DOOR_CAMERA);
   await page.evaluate(() => {
     const script = document.createElement('script');

@@ -1,5 +1,5 @@
-// A node under test, and one that it is wired to: what the tests of the rules
-// about nodes and streams share.
+// A node under test and a node that it is connected to, for the tests of the rules
+// about nodes and streams.
 #ifndef QVGRAPH_TESTS_CHECK_NODE_TEST_H_
 #define QVGRAPH_TESTS_CHECK_NODE_TEST_H_
 
@@ -26,27 +26,40 @@ protected:
         return new Node;
     }
 
-    // Expects a node beside one that takes the stream 'a', or one that gives
-    // it, to have these findings. The node begins on the second line:
-    //
-    //   {"pipe_0": {
-    //   "node_0": ...,
-    //   "node_1": {"node_opts": {"node_name": "Display"},
-    static void AssertGiver(const std::string& node, const std::string& findings) {
-        AssertPipe("\"node_0\": " + node + R"(,
-"node_1": {"node_opts": {"node_name": "Display"},
-           "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"}})",
-                   findings);
+    // Expects node 'node_0', next to a consumer of stream 'a', to have these
+    // findings. The node begins at 2:11.
+    static void AssertProducer(const std::string& node, const std::string& findings) {
+        AssertPipe(NextToConsumer(node), findings);
     }
 
-    static void AssertTaker(const std::string& node, const std::string& findings) {
-        AssertPipe("\"node_0\": " + node + R"(,
+    static void AssertProducerCodes(const std::string& node, const std::string& codes) {
+        EXPECT_EQ(CodesIn("{\"pipe_0\": {" + NextToConsumer(node) + "}}"), codes) << node;
+    }
+
+    // The same for a node next to a producer of stream 'a'.
+    static void AssertConsumer(const std::string& node, const std::string& findings) {
+        AssertPipe(NextToProducer(node), findings);
+    }
+
+    static void AssertConsumerCodes(const std::string& node, const std::string& codes) {
+        EXPECT_EQ(CodesIn("{\"pipe_0\": {" + NextToProducer(node) + "}}"), codes) << node;
+    }
+
+private:
+    static std::string NextToConsumer(const std::string& node) {
+        return "\"node_0\": " + node + R"(,
+"node_1": {"node_opts": {"node_name": "Display"},
+           "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"}})";
+    }
+
+    static std::string NextToProducer(const std::string& node) {
+        return "\"node_0\": " + node + R"(,
 "node_1": {"node_opts": {"node_name": "Camera"},
-           "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})",
-                   findings);
+           "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}})";
     }
 };
 
+// A node whose initialisation throws.
 class ThrowingNode : public QVHostTaskNode {
 public:
     int initialize(int /*nodeId*/,
@@ -57,6 +70,7 @@ public:
     }
 };
 
+// A node whose initialisation fails an assertion.
 class AssertingNode : public QVHostTaskNode {
 public:
     int initialize(int /*nodeId*/,

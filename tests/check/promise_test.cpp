@@ -1,5 +1,5 @@
-// What the check promises, on configurations that nobody thought of: a node
-// without an error is set up by the parser, and a node that is not has one.
+// What the check promises, on random configurations: the parser sets up every node
+// without an error, and a node with an error about set-up is not set up.
 #include <algorithm>
 #include <cstdlib>
 #include <map>
@@ -25,46 +25,45 @@ using qvgraph::Severity;
 using qvgraph::Span;
 using qvgraph::Value;
 
-// ---- what the parser does ---------------------------------------------------
+// ---- What the parser does ---------------------------------------------------
 
 struct ProcessAborted {};
 
-// How the parser ends when a device's framework would set a node up.
-enum class End { Initialised, LeftOut, Failed, Thrown, Aborted };
+// The result of setting up a node. An uninitialised node is reported as success.
+enum class Result { Initialised, Uninitialised, Failed, Thrown, Aborted };
 
-// The member of a pipe that was asked for, and how that ended.
-struct NodeEnd {
+// A node by the index that the parser was queried with, and its result.
+struct NodeResult {
     std::string pipe;
     std::string node;
-    bool leadsBack;  // its id leads to this member
-    End end;
+    bool isCanonical;  // its id maps back to this member
+    Result result;
 };
 
-// A node that is left out is reported as success all the same.
-End setUp(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* graph) {
+Result setUp(const QVGraphParser& parser, int pipe, int id, QVHostTaskGraph* graph) {
     QVNodeOwner owner;
     graph->beginNode(id);
     try {
         if (parser.initTaskNode(graph, pipe, id, owner.info()) != 0) {
-            return End::Failed;
+            return Result::Failed;
         }
     } catch (const ProcessAborted&) {
-        return End::Aborted;
+        return Result::Aborted;
     } catch (const std::exception&) {
-        return End::Thrown;
+        return Result::Thrown;
     }
     const auto* node = static_cast<const QVHostTaskNode*>(owner.info()->node);
-    return node->isInitialized() ? End::Initialised : End::LeftOut;
+    return node->isInitialized() ? Result::Initialised : Result::Uninitialised;
 }
 
-// Sets up every node of every pipe that an index leads to.
-std::vector<NodeEnd> setUpAll(const std::string& text) {
+// Sets up every node of every pipe that an index maps to.
+std::vector<NodeResult> setUpAll(const std::string& text) {
     const QVLogScope scope(QV_LOG_ERROR, [](const QVLogRecord& record) {
         if (qv_log_is_assertion(record)) {
             throw ProcessAborted();
         }
     });
-    std::vector<NodeEnd> all;
+    std::vector<NodeResult> all;
     QVGraphParser parser;
     parser.parseConfigText(text.c_str());
     for (int pipe = 0; pipe < 100; ++pipe) {
@@ -74,36 +73,36 @@ std::vector<NodeEnd> setUpAll(const std::string& text) {
         for (int i = 0; i < parser.getNodeNum(pipe); ++i) {
             const std::string node = parser.getItemNameByIndex(members, i, "node_");
             const int id = parser.getNodeIDByIndex(pipe, i);
-            const bool leadsBack = node == "node_" + std::to_string(id);
-            all.push_back({key, node, leadsBack, setUp(parser, pipe, id, &graph)});
+            const bool isCanonical = node == "node_" + std::to_string(id);
+            all.push_back({key, node, isCanonical, setUp(parser, pipe, id, &graph)});
         }
     }
     return all;
 }
 
-// ---- what the check says ----------------------------------------------------
+// ---- What the check reports -------------------------------------------------
 
 bool isWithin(const Span& inner, const Span& outer) {
     return outer.begin <= inner.begin && inner.end <= outer.end;
 }
 
-// Whether a finding stands at a member or below it.
+// Whether a finding is at a member or below it.
 bool concerns(const Finding& finding, const Value& member) {
     const std::string pointer = pointerTo(member);
     const bool isBelow = finding.pointer.compare(0, pointer.size() + 1, pointer + '/') == 0;
     return isBelow || finding.pointer == pointer;
 }
 
-// Whether a finding names a member as a related place.
-bool names(const Finding& finding, const Value& member) {
+// Whether a finding has a related location in a member.
+bool relates(const Finding& finding, const Value& member) {
     return std::any_of(
         finding.related.begin(), finding.related.end(), [&](const qvgraph::Related& related) {
             return isWithin(related.span, member.span) || isWithin(related.span, member.keySpan);
         });
 }
 
-// Errors that tell of a set-up that does not succeed.
-bool tellsOfFailure(const Finding& finding) {
+// Whether a finding is an error about set-up that does not succeed.
+bool reportsFailure(const Finding& finding) {
     static const std::set<std::string_view> CODES = {"node-class",
                                                      "node-class-failed",
                                                      "no-streams",
@@ -115,9 +114,9 @@ bool tellsOfFailure(const Finding& finding) {
     return CODES.count(finding.code) != 0;
 }
 
-// Code, message, pointer, hint and the messages of related places of every
-// finding: all but the places in the text.
-std::multiset<std::string> withoutPlaces(const std::vector<Finding>& findings) {
+// The code, pointer, message, hint and related messages of every finding:
+// everything except the locations in the text.
+std::multiset<std::string> withoutLocations(const std::vector<Finding>& findings) {
     std::multiset<std::string> texts;
     for (const Finding& finding : findings) {
         std::string text = std::string(finding.code) + ' ' + finding.pointer + ": " +
@@ -130,7 +129,7 @@ std::multiset<std::string> withoutPlaces(const std::vector<Finding>& findings) {
     return texts;
 }
 
-// ---- classes ------------------------------------------------------------------
+// ---- Classes ------------------------------------------------------------------
 
 struct ThrowingNode : QVHostTaskNode {
     int initialize(int /*nodeId*/,
@@ -152,13 +151,13 @@ struct AssertingNode : QVHostTaskNode {
     }
 };
 
-// A store that replaces nothing, and keeps no text with a 1.
+// A store that rejects a key that it already has, and every string with a '1'.
 struct OddStore : QVHostMetaData {
     int setCString(const char* key, const char* value) override {
-        const char* text = nullptr;
-        const bool isTaken = findCString(key, &text) != 0;
-        const bool isRefused = isTaken || std::string(value).find('1') != std::string::npos;
-        return isRefused ? -1 : QVHostMetaData::setCString(key, value);
+        const char* stored = nullptr;
+        const bool isStored = findCString(key, &stored) != 0;
+        const bool isRejected = isStored || std::string(value).find('1') != std::string::npos;
+        return isRejected ? -1 : QVHostMetaData::setCString(key, value);
     }
 };
 
@@ -169,9 +168,9 @@ private:
     OddStore mOddStore;
 };
 
-template <typename Node>
+template <typename SurveyedNode>
 QVTaskNodeBase* create(const _QVNodeInfo* /*info*/) {
-    return new Node;
+    return new SurveyedNode;
 }
 
 const std::vector<SizedClass> SIZED = {
@@ -201,51 +200,51 @@ protected:
     }
 
     static CheckedFile Check(const ConfigurationTree& tree) {
-        return qvgraph::checkConfiguration("made", textOf(tree), {});
+        return qvgraph::checkConfiguration("random", textOf(tree), {});
     }
 
-    // Holds what the check says of every node against what the parser does.
+    // Compares the findings about every node with what the parser does.
     void AssertPromise(const CheckedFile& file) {
-        for (const NodeEnd& node : setUpAll(file.source->text())) {
+        for (const NodeResult& node : setUpAll(file.source->text())) {
             const Value& member = *file.source->root()->member(node.pipe)->member(node.node);
             AssertNode(file, member, node);
-            ++ends[node.end];
+            ++results[node.result];
         }
     }
 
-    std::map<End, int> ends;
+    std::map<Result, int> results;
 
 private:
-    void AssertNode(const CheckedFile& file, const Value& member, const NodeEnd& node) {
-        const bool isInitialised = node.end == End::Initialised;
+    void AssertNode(const CheckedFile& file, const Value& member, const NodeResult& node) {
+        const bool isInitialised = node.result == Result::Initialised;
         bool hasError = false;
         for (const Finding& finding : file.findings) {
             if (finding.severity != Severity::Error) {
                 continue;
             }
             const bool isHere = concerns(finding, member);
-            hasError = hasError || isHere || names(finding, member);
-            EXPECT_FALSE(isHere && tellsOfFailure(finding) && node.leadsBack && isInitialised)
+            hasError = hasError || isHere || relates(finding, member);
+            EXPECT_FALSE(isHere && reportsFailure(finding) && node.isCanonical && isInitialised)
                 << node.node << ": " << finding.message << '\n'
                 << file.source->text();
         }
         EXPECT_TRUE(hasError || isInitialised)
-            << node.node << " ends with " << static_cast<int>(node.end) << '\n'
+            << node.node << " results in " << static_cast<int>(node.result) << '\n'
             << FindingsIn(file.source->text()) << file.source->text();
     }
 };
 
-TEST_F(PromiseTest, ASoundConfigurationHasNoErrorsAndIsSetUp) {
+TEST_F(PromiseTest, AValidConfigurationHasNoErrorsAndIsSetUp) {
     RandomConfigurations random(1, SIZED);
     for (int i = 0; i < 300 && !HasFailure(); ++i) {
         const CheckedFile file = Check(random.sound());
         AssertPromise(file);
         EXPECT_EQ(countOf(file.findings, Severity::Error), 0U) << FindingsIn(file.source->text());
     }
-    EXPECT_GT(ends[End::Initialised], 500);
+    EXPECT_GT(results[Result::Initialised], 500);
 }
 
-TEST_F(PromiseTest, ANodeThatIsNotSetUpHasAnErrorAndOneWithoutAnErrorIsSetUp) {
+TEST_F(PromiseTest, ErrorsOfNodesAgreeWithTheirSetUp) {
     RandomConfigurations random(2, SIZED, FAILING);
     for (int i = 0; i < 2000 && !HasFailure(); ++i) {
         ConfigurationTree tree = random.sound();
@@ -254,12 +253,16 @@ TEST_F(PromiseTest, ANodeThatIsNotSetUpHasAnErrorAndOneWithoutAnErrorIsSetUp) {
         }
         AssertPromise(Check(tree));
     }
-    for (const End end : {End::Initialised, End::LeftOut, End::Failed, End::Thrown, End::Aborted}) {
-        EXPECT_GT(ends[end], 20) << static_cast<int>(end);
+    for (const Result result : {Result::Initialised,
+                                Result::Uninitialised,
+                                Result::Failed,
+                                Result::Thrown,
+                                Result::Aborted}) {
+        EXPECT_GT(results[result], 20) << static_cast<int>(result);
     }
 }
 
-TEST_F(PromiseTest, TheOrderOfMembersInTheTextChangesNothingButPlaces) {
+TEST_F(PromiseTest, TheOrderOfMembersInTheTextChangesOnlyLocations) {
     RandomConfigurations random(3, SIZED, FAILING);
     for (int i = 0; i < 500 && !HasFailure(); ++i) {
         ConfigurationTree tree = random.sound();
@@ -267,12 +270,12 @@ TEST_F(PromiseTest, TheOrderOfMembersInTheTextChangesNothingButPlaces) {
             random.spoil(&tree);
         }
         if (hasDuplicates(tree)) {
-            continue;  // the order says which of them counts
+            continue;  // the order decides which of them wins
         }
         const CheckedFile before = Check(tree);
         random.shuffle(&tree);
         const CheckedFile after = Check(tree);
-        EXPECT_EQ(withoutPlaces(before.findings), withoutPlaces(after.findings))
+        EXPECT_EQ(withoutLocations(before.findings), withoutLocations(after.findings))
             << before.source->text() << after.source->text();
     }
 }

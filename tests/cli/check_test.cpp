@@ -1,4 +1,4 @@
-// What `qvgraph check` reports, and the exit codes of it.
+// The reports and exit codes of `qvgraph check`.
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -22,14 +22,14 @@ protected:
         folder.write("broken.json", BROKEN);
     }
 
-    // The exit code alone.
+    // Returns only the exit code.
     int ExitCodeOf(const std::vector<std::string>& arguments) {
         std::vector<std::string> all = {"check"};
         all.insert(all.end(), arguments.begin(), arguments.end());
         return Run(all).exitCode;
     }
 
-    // Findings, one a line, and the summary.
+    // Expects these findings, one per line, and this summary.
     void AssertFinds(std::vector<std::string> arguments,
                      int exitCode,
                      const std::string& findings,
@@ -46,11 +46,11 @@ protected:
 
     const std::string NOTE =
         "noted.json:1:13: note: 'executor_0' has no \"executor_opts\": "
-        "a device copies nothing for it; hint: add \"executor_opts\": {...} if it is meant to have "
-        "options [executor-without-options]\n";
+        "the executor has no options; hint: add \"executor_opts\": {...} if you intended it to "
+        "have options [executor-without-options]\n";
     const std::string TWICE =
-        "'fps' stands in this object already: this one wins, and the one before is lost; "
-        "hint: remove one of them, or rename it [duplicate-key]\n";
+        "'fps' is already in this object: the device discards the earlier value and uses this one; "
+        "hint: remove or rename one of them [duplicate-key]\n";
     const std::string WARNING = "warned.json:2:25: warning: " + TWICE;
     const std::string UNCLOSED =
         ":2:1: error: unexpected end of input; hint: close the object with } [syntax]\n";
@@ -59,11 +59,11 @@ protected:
 
 // ---- Findings and exit codes ------------------------------------------------
 
-TEST_F(CheckTest, OfACleanFileReportsNothing) {
+TEST_F(CheckTest, ReportsNothingForACleanFile) {
     AssertRuns({"check", "clean.json"}, 0, "", "qvgraph: 1 file, no findings\n");
 }
 
-TEST_F(CheckTest, ShowsWhatItFinds) {
+TEST_F(CheckTest, ShowsAFindingWithItsSource) {
     AssertRuns({"check", "broken.json"},
                1,
                R"(broken.json:2:1: error: unexpected end of input [syntax]
@@ -78,13 +78,13 @@ broken.json:1:1: note: opened here
                "qvgraph: 1 error in 1 file\n");
 }
 
-TEST_F(CheckTest, OnlyErrorsFail) {
+TEST_F(CheckTest, FailsOnlyOnErrorsByDefault) {
     AssertFinds({"noted.json"}, 0, NOTE, "1 note in 1 file");
     AssertFinds({"warned.json"}, 0, WARNING, "1 warning in 1 file");
     AssertFinds({"broken.json"}, 1, ERROR, "1 error in 1 file");
 }
 
-TEST_F(CheckTest, ReportsFilesInTheOrderInWhichTheyAreGiven) {
+TEST_F(CheckTest, ReportsFilesInTheOrderOfTheArguments) {
     AssertFinds({"warned.json", "clean.json", "broken.json", "noted.json"},
                 1,
                 WARNING + ERROR + NOTE,
@@ -96,7 +96,7 @@ TEST_F(CheckTest, ReportsFilesInTheOrderInWhichTheyAreGiven) {
     AssertFinds({"clean.json", "clean.json"}, 0, "", "2 files, no findings");
 }
 
-TEST_F(CheckTest, FailsOnWhatItIsTold) {
+TEST_F(CheckTest, FailsAtOrAboveTheRequestedSeverity) {
     const std::vector<std::string> files = {
         "clean.json", "noted.json", "warned.json", "broken.json"};
     const auto exitCodes = [&](const std::string& severity) {
@@ -112,14 +112,14 @@ TEST_F(CheckTest, FailsOnWhatItIsTold) {
     EXPECT_EQ(exitCodes("note"), (std::vector<int>{0, 1, 1, 1}));
 }
 
-TEST_F(CheckTest, StrictWarningsAreErrors) {
+TEST_F(CheckTest, StrictReportsWarningsAsErrors) {
     AssertFinds({"--strict", "warned.json", "noted.json"},
                 1,
                 "warned.json:2:25: error: " + TWICE + NOTE,
                 "1 error and 1 note in 2 files");
 }
 
-TEST_F(CheckTest, IsQuietOnRequest) {
+TEST_F(CheckTest, PrintsNoSummaryIfQuiet) {
     AssertRuns({"check", "-q", "--format", "gcc", "broken.json"}, 1, ERROR, "");
     AssertRuns({"check", "--quiet", "clean.json"}, 0, "", "");
     AssertRuns({"check", "-q", "missing.json"},
@@ -130,7 +130,7 @@ TEST_F(CheckTest, IsQuietOnRequest) {
 
 // ---- Rules ------------------------------------------------------------------
 
-TEST_F(CheckTest, LooksOnlyForWhatItIsTold) {
+TEST_F(CheckTest, AppliesOnlyTheSelectedRules) {
     const std::vector<std::string> files = {"noted.json", "warned.json", "broken.json"};
     const auto with = [&](std::vector<std::string> options) {
         options.insert(options.end(), files.begin(), files.end());
@@ -152,32 +152,32 @@ TEST_F(CheckTest, LooksOnlyForWhatItIsTold) {
                 "1 warning in 3 files");
 }
 
-TEST_F(CheckTest, WantsCodesThatThereAre) {
+TEST_F(CheckTest, RejectsUnknownCodes) {
     AssertFails({"check", "--select", "duplicate-kye", "clean.json"},
-                "--select: there is no rule 'duplicate-kye'; is 'duplicate-key' meant?"
+                "--select: there is no rule 'duplicate-kye'; did you mean 'duplicate-key'?"
                 " (see qvgraph check --help)");
     AssertFails({"check", "--ignore", "syntax,sintax", "clean.json"},
-                "--ignore: there is no rule 'sintax'; is 'syntax' meant?"
+                "--ignore: there is no rule 'sintax'; did you mean 'syntax'?"
                 " (see qvgraph check --help)");
     AssertFails({"check", "--ignore", "everything", "clean.json"},
-                "--ignore: there is no rule 'everything'; qvgraph explain lists the rules"
+                "--ignore: there is no rule 'everything'; run qvgraph explain to list the rules"
                 " (see qvgraph check --help)");
     AssertFails({"check", "--select", "syntax,", "clean.json"},
-                "--select: there is no rule ''; qvgraph explain lists the rules"
+                "--select: there is no rule ''; run qvgraph explain to list the rules"
                 " (see qvgraph check --help)");
 }
 
-TEST_F(CheckTest, ACommentSilencesAFinding) {
-    folder.write("silenced.json",
+TEST_F(CheckTest, ACommentSuppressesAFinding) {
+    folder.write("suppressed.json",
                  "{\"pipe_0\": {\n"
                  "  // qvgraph: ignore[duplicate-key] the second one was measured\n"
                  "  \"link_0\": {\"fps\": 25, \"fps\": 30}}}\n");
-    AssertFinds({"silenced.json"}, 0, "", "1 file, no findings");
+    AssertFinds({"suppressed.json"}, 0, "", "1 file, no findings");
 }
 
 // ---- Node classes -----------------------------------------------------------
 
-TEST_F(CheckTest, KnowsTheClassesOfALibrary) {
+TEST_F(CheckTest, UsesTheClassesOfALibrary) {
     folder.write("blend.json", R"({"pipe_0": {
   "node_0": {"node_opts": {"node_name": "Blender"},
              "stream_opts": {"stream_input": "a", "stream_fmt_in": "f",
@@ -186,15 +186,16 @@ TEST_F(CheckTest, KnowsTheClassesOfALibrary) {
     AssertFinds({"--select", "stream-name-missing", "blend.json"}, 0, "", "1 file, no findings");
     AssertFinds({"--select", "stream-name-missing", "--plugin", library, "blend.json"},
                 1,
-                "blend.json:3:14: error: the class 'Blender' has 2 inputs, but none is named: "
-                "aborts the process; hint: name each in \"stream_opts\", as "
+                "blend.json:3:14: error: class 'Blender' has 2 inputs, but none is named: "
+                "the device aborts; hint: name each input in \"stream_opts\" as "
                 "'stream_input_<k>' [stream-name-missing]\n",
                 "1 error in 1 file");
-    AssertFinds({"--select", "node-class", "--no-stub", "blend.json"},
-                1,
-                "blend.json:2:41: error: the class 'Blender' is not registered: "
-                "no node is made; hint: load the library that has it with --plugin [node-class]\n",
-                "1 error in 1 file");
+    AssertFinds(
+        {"--select", "node-class", "--no-stub", "blend.json"},
+        1,
+        "blend.json:2:41: error: class 'Blender' is not registered: no node is created; hint: "
+        "use --plugin to load the library that registers it [node-class]\n",
+        "1 error in 1 file");
     AssertFails({"check", "--plugin", "/missing.so", "blend.json"},
                 "cannot load /missing.so: /missing.so: cannot open shared object file: "
                 "No such file or directory");
@@ -254,7 +255,7 @@ TEST_F(CheckTest, ReportsAsAnnotations) {
                "qvgraph: 1 error in 1 file\n");
 }
 
-TEST_F(CheckTest, ColoursWhatATerminalShows) {
+TEST_F(CheckTest, UsesColourOnATerminal) {
     const std::string plain = Run({"check", "broken.json"}).out;
     const std::string coloured = Run({"check", "--color", "always", "broken.json"}).out;
     EXPECT_EQ(coloured.substr(0, coloured.find(" unexpected")),
@@ -267,7 +268,7 @@ TEST_F(CheckTest, ColoursWhatATerminalShows) {
     EXPECT_EQ(Run({"check", "broken.json"}).out, plain);
 }
 
-// ---- What is read -----------------------------------------------------------
+// ---- Input ------------------------------------------------------------------
 
 TEST_F(CheckTest, ReadsStandardInput) {
     request.input = BROKEN;
@@ -276,16 +277,16 @@ TEST_F(CheckTest, ReadsStandardInput) {
         {"clean.json", "--stdin-filename", "broken.json", "-"}, 1, ERROR, "1 error in 2 files");
 }
 
-TEST_F(CheckTest, ANameOfStandardInputIsNoFile) {
+TEST_F(CheckTest, TheNameForStandardInputIsNotRead) {
     AssertFinds({"--stdin-filename", "broken.json", "clean.json"}, 0, "", "1 file, no findings");
 }
 
-TEST_F(CheckTest, ReadsStandardInputOnce) {
+TEST_F(CheckTest, ReadsStandardInputOnlyOnce) {
     AssertFails({"check", "-", "clean.json", "-"},
-                "FILE: standard input can be read once only (see qvgraph check --help)");
+                "FILE: standard input can be read only once (see qvgraph check --help)");
 }
 
-TEST_F(CheckTest, AFileThatCannotBeReadLeavesTheOthers) {
+TEST_F(CheckTest, ReportsTheOtherFilesIfOneCannotBeRead) {
     AssertRuns({"check", "--format", "gcc", "missing.json", "broken.json", ".", "noted.json"},
                2,
                ERROR + NOTE,
@@ -299,18 +300,18 @@ TEST_F(CheckTest, AFileThatCannotBeReadLeavesTheOthers) {
                "qvgraph: 1 file, no findings\n");
 }
 
-TEST_F(CheckTest, WhereNothingCanBeReadNothingIsReported) {
+TEST_F(CheckTest, WritesNoReportIfNoFileCanBeRead) {
     folder.write("report.json", "old");
     AssertFails({"check", "--format", "json", "-o", "report.json", "missing.json"},
                 "cannot read missing.json: No such file or directory");
     EXPECT_EQ(folder.read("report.json"), "old");
 }
 
-TEST_F(CheckTest, WantsAFile) {
+TEST_F(CheckTest, RequiresAFile) {
     AssertFails({"check"}, "FILE is required (see qvgraph check --help)");
 }
 
-// ---- Where the report goes --------------------------------------------------
+// ---- Output -----------------------------------------------------------------
 
 TEST_F(CheckTest, WritesAFile) {
     AssertRuns({"check", "--format", "gcc", "-o", "report.txt", "broken.json", "noted.json"},
@@ -323,13 +324,13 @@ TEST_F(CheckTest, WritesAFile) {
     EXPECT_EQ(folder.read("report.txt"), "");
 }
 
-TEST_F(CheckTest, AFileHasNoColour) {
+TEST_F(CheckTest, UsesNoColourInAFile) {
     request.out.kind = Kind::Terminal;
     Run({"check", "-o", "report.txt", "broken.json"});
     EXPECT_EQ(folder.read("report.txt").find('\033'), std::string::npos);
 }
 
-TEST_F(CheckTest, ReplacesNoneOfItsInputs) {
+TEST_F(CheckTest, DoesNotReplaceItsInputs) {
     fs::create_symlink("noted.json", folder.path("link.json"));
     AssertFails({"check", "-o", "noted.json", "clean.json", "noted.json", "missing.json"},
                 "cannot write noted.json: it is the configuration");
@@ -338,7 +339,7 @@ TEST_F(CheckTest, ReplacesNoneOfItsInputs) {
     EXPECT_EQ(folder.read("noted.json"), NOTED);
 }
 
-TEST_F(CheckTest, AReportThatCannotBeWrittenIsAFailure) {
+TEST_F(CheckTest, FailsIfTheReportCannotBeWritten) {
     AssertFails(
         {"check", "-o", folder.path("missing/report.txt"), "broken.json"},
         "cannot write " + folder.path("missing/report.txt") + ": No such file or directory");
@@ -346,9 +347,9 @@ TEST_F(CheckTest, AReportThatCannotBeWrittenIsAFailure) {
     AssertFails({"check", "broken.json"}, "cannot write standard output: No space left on device");
 }
 
-// ---- Bytes that a terminal must not see -------------------------------------
+// ---- Control characters -----------------------------------------------------
 
-TEST_F(CheckTest, NothingOfAConfigurationReachesTheTerminalRaw) {
+TEST_F(CheckTest, StringsOfAConfigurationAreEscapedOnTheTerminal) {
     const std::string evil = "\033[2J\r\x7f\xff\u009b";
     folder.write("evil.json", "{\"pipe_0\": {\"" + evil + "\": 1, /*" + evil + "*/ \"x\": ");
     for (const char* format : {"text", "gcc", "json", "sarif", "github"}) {
@@ -361,7 +362,7 @@ TEST_F(CheckTest, NothingOfAConfigurationReachesTheTerminalRaw) {
     }
 }
 
-TEST_F(CheckTest, AFileNameNeverReachesTheTerminalRaw) {
+TEST_F(CheckTest, AFileNameIsEscapedOnTheTerminal) {
     const std::string name = "a\033[2J\n\xff.json";
     const std::string shown = "a\\x1b[2J\\x0a\ufffd.json";
     folder.write(name, BROKEN);
@@ -373,10 +374,10 @@ TEST_F(CheckTest, AFileNameNeverReachesTheTerminalRaw) {
 
 TEST_F(CheckTest, HelpBeginsWithExamples) {
     const std::string beginning =
-        R"(Find the mistakes in configurations, before they reach a device.
+        R"(Find the mistakes in configurations.
 
 Examples:
-  qvgraph check pipes.json                        every finding, with its place
+  qvgraph check pipes.json                        report every finding
 )";
     const ProcessResult result = Run({"check", "--help"});
     EXPECT_EQ(result.out.substr(0, beginning.size()), beginning);
@@ -404,7 +405,7 @@ TEST_F(CheckTest, HelpNamesEveryOption) {
     }
 }
 
-TEST_F(CheckTest, WantsArgumentsThatItKnows) {
+TEST_F(CheckTest, RejectsUnknownArguments) {
     AssertFails({"check", "--format", "xml", "clean.json"},
                 "--format: xml not in {text,gcc,json,sarif,github} (see qvgraph check --help)");
     AssertFails({"check", "--fail-on", "info", "clean.json"},

@@ -1,4 +1,4 @@
-// Programs that the command runs.
+// Runs child processes.
 #include "cli/child_process.h"
 
 #include <gtest/gtest.h>
@@ -28,13 +28,13 @@ ChildResult RunScript(const std::string& script, const std::string& input = "") 
     return runChild(request);
 }
 
-// Neither running nor waiting to be asked how it ended.
+// Expects no running child, and no zombie.
 void AssertNoChildIsLeft() {
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1);
     EXPECT_EQ(errno, ECHILD);
 }
 
-TEST(ChildProcessTest, TellsHowItEndedAndWhatItWrote) {
+TEST(ChildProcessTest, ReturnsTheExitCodeAndTheOutput) {
     const ChildResult result = RunScript("echo out; echo err >&2; exit 7");
     EXPECT_EQ(result.end, End::Exited);
     EXPECT_EQ(result.code, 7);
@@ -43,13 +43,13 @@ TEST(ChildProcessTest, TellsHowItEndedAndWhatItWrote) {
     AssertNoChildIsLeft();
 }
 
-TEST(ChildProcessTest, PassesArgumentsAsTheyAre) {
+TEST(ChildProcessTest, PassesArgumentsUnchanged) {
     ChildRequest request;
     request.command = {"printf", "%s.", "a b", "", "$HOME;*"};
     EXPECT_EQ(runChild(request).out, "a b..$HOME;*.");
 }
 
-TEST(ChildProcessTest, TellsWhyItCannotBeRun) {
+TEST(ChildProcessTest, ReturnsWhyAProgramCannotBeRun) {
     ChildRequest request;
     request.command = {"there-is-no-such-program"};
     ChildResult result = runChild(request);
@@ -63,7 +63,7 @@ TEST(ChildProcessTest, TellsWhyItCannotBeRun) {
     AssertNoChildIsLeft();
 }
 
-TEST(ChildProcessTest, ASignalMayEndIt) {
+TEST(ChildProcessTest, ReturnsTheSignalThatEndsTheProgram) {
     const ChildResult result = RunScript("echo out; kill -TERM $$");
     EXPECT_EQ(result.end, End::Signalled);
     EXPECT_EQ(result.code, SIGTERM);
@@ -73,31 +73,31 @@ TEST(ChildProcessTest, ASignalMayEndIt) {
 
 // ---- Streams ----------------------------------------------------------------
 
-TEST(ChildProcessTest, MuchGoesInAndComesOut) {
+TEST(ChildProcessTest, PassesLargeInputAndOutput) {
     const std::string much(3 << 20, 'x');
     const ChildResult result = RunScript("tee /dev/stderr", much);
     EXPECT_EQ(result.out, much);
     EXPECT_EQ(result.err, much);
 }
 
-TEST(ChildProcessTest, ItNeedNotReadItsInput) {
+TEST(ChildProcessTest, TheProgramNeedNotReadItsInput) {
     const ChildResult result = RunScript("echo done", std::string(3 << 20, 'x'));
     EXPECT_EQ(result.end, End::Exited);
     EXPECT_EQ(result.out, "done\n");
 }
 
-TEST(ChildProcessTest, ItsInputHasAnEnd) {
+TEST(ChildProcessTest, TheInputHasAnEnd) {
     EXPECT_EQ(RunScript("cat; echo end").out, "end\n");
 }
 
-TEST(ChildProcessTest, ItMayCloseItsStreamsAndGoOn) {
+TEST(ChildProcessTest, TheProgramMayContinueWithItsStreamsClosed) {
     const ChildResult result = RunScript("exec >&- 2>&-; sleep 0.1; exit 3");
     EXPECT_EQ(result.end, End::Exited);
     EXPECT_EQ(result.code, 3);
 }
 
-// The child of its own has the streams for as long as nobody opens the FIFO.
-TEST(ChildProcessTest, AChildOfItsOwnIsNotWaitedFor) {
+// The grandchild keeps the streams open until the FIFO is opened.
+TEST(ChildProcessTest, DoesNotWaitForGrandchildren) {
     const TemporaryFolder folder;
     const std::string fifo = folder.path("fifo");
     ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
@@ -107,7 +107,7 @@ TEST(ChildProcessTest, AChildOfItsOwnIsNotWaitedFor) {
     EXPECT_EQ(result.out, "out\n");
 }
 
-TEST(ChildProcessTest, APipeThatIsClosedEndsIt) {
+TEST(ChildProcessTest, ABrokenPipeEndsTheProgram) {
     struct sigaction before = {};
     struct sigaction ignore = {};
     ignore.sa_handler = SIG_IGN;
@@ -120,48 +120,48 @@ TEST(ChildProcessTest, APipeThatIsClosedEndsIt) {
 
 // ---- Limits -----------------------------------------------------------------
 
-TEST(ChildProcessTest, IsEndedAtItsTimeLimit) {
+TEST(ChildProcessTest, KillsTheProgramAtTheTimeLimit) {
     ChildRequest request;
     request.command = {"sh", "-c", "echo out; exec sleep 1000"};
     request.timeLimit = std::chrono::seconds(1);
     const ChildResult result = runChild(request);
-    EXPECT_EQ(result.end, End::TooLate);
+    EXPECT_EQ(result.end, End::TimedOut);
     EXPECT_EQ(result.out, "out\n");
     AssertNoChildIsLeft();
 }
 
-TEST(ChildProcessTest, IsEndedAtItsTimeLimitWithItsStreamsClosed) {
+TEST(ChildProcessTest, KillsTheProgramAtTheTimeLimitWithItsStreamsClosed) {
     ChildRequest request;
     request.command = {"sh", "-c", "exec >&- 2>&-; exec sleep 1000"};
     request.timeLimit = std::chrono::seconds(1);
-    EXPECT_EQ(runChild(request).end, End::TooLate);
+    EXPECT_EQ(runChild(request).end, End::TimedOut);
     AssertNoChildIsLeft();
 }
 
-TEST(ChildProcessTest, IsEndedWhenItWritesTooMuch) {
+TEST(ChildProcessTest, KillsTheProgramAtTheOutputLimit) {
     ChildRequest request;
     request.command = {"yes"};
-    request.mostOutput = 1 << 20;
-    EXPECT_EQ(runChild(request).end, End::TooMuch);
+    request.maxOutput = 1 << 20;
+    EXPECT_EQ(runChild(request).end, End::OutputLimit);
     AssertNoChildIsLeft();
 }
 
-TEST(ChildProcessTest, TellsHowLongItHasBeenRunning) {
-    std::vector<std::chrono::seconds> told;
+TEST(ChildProcessTest, ReportsTheTimeSinceTheStart) {
+    std::vector<std::chrono::seconds> times;
     ChildRequest request;
     request.command = {"sleep", "1000"};
     request.timeLimit = std::chrono::seconds(1);
-    request.waiting = [&](std::chrono::seconds elapsed) { told.push_back(elapsed); };
+    request.onWait = [&](std::chrono::seconds elapsed) { times.push_back(elapsed); };
     runChild(request);
-    ASSERT_FALSE(told.empty());
-    EXPECT_EQ(told.front().count(), 0);
-    EXPECT_EQ(told.back().count(), 0);
+    ASSERT_FALSE(times.empty());
+    EXPECT_EQ(times.front().count(), 0);
+    EXPECT_EQ(times.back().count(), 0);
 }
 
-TEST(ChildProcessTest, WhoeverIsToldMayStopIt) {
+TEST(ChildProcessTest, AnExceptionOfTheCallbackKillsTheProgram) {
     ChildRequest request;
     request.command = {"sleep", "1000"};
-    request.waiting = [](std::chrono::seconds /*elapsed*/) { throw std::runtime_error("stop"); };
+    request.onWait = [](std::chrono::seconds /*elapsed*/) { throw std::runtime_error("stop"); };
     EXPECT_THROW(runChild(request), std::runtime_error);
     AssertNoChildIsLeft();
 }

@@ -1,5 +1,4 @@
-// The command, run in a folder of the test's own: what the tests of this
-// folder share.
+// The fixture of the tests of the command. It runs the command in a temporary folder.
 #ifndef QVGRAPH_TESTS_CLI_COMMAND_TEST_H_
 #define QVGRAPH_TESTS_CLI_COMMAND_TEST_H_
 
@@ -14,8 +13,8 @@
 #include "tests/support/process.h"
 #include "tests/support/temporary_folder.h"
 
-// One pipe with one node that is ready, and its reports under the name that
-// stands between the parts.
+// One pipe with one node that is ready, and the report without the file name at its
+// start.
 inline const char* const READY = R"({"pipe_0": {"node_0": {
     "node_opts": {"node_name": "Camera", "fps": 25},
     "stream_opts": {"stream_output": "raw", "stream_fmt_out": "nv12"}}}}
@@ -51,7 +50,7 @@ pipe_0: index 0, 0 executor threads, default link mode none
 
   nodes
     0  node_0  id 0  (no name)
-         not created: it has no "node_name" that is a text
+         not created: it has no "node_name" that is a string
 
     1  node_1  id 1  View
          would abort: no name for its input stream
@@ -78,8 +77,8 @@ protected:
         return runProcess(request);
     }
 
-    // What runs the programs of another machine, with its arguments; empty for
-    // those of this one.
+    // The emulator for programs of another machine, with its arguments; empty for native
+    // programs.
     static std::vector<std::string> Emulator() {
         std::vector<std::string> words;
         std::istringstream list(QVGRAPH_EMULATOR);
@@ -89,7 +88,7 @@ protected:
         return words;
     }
 
-    // Everything that it does: exit code, standard output, standard error.
+    // Checks the exit code, standard output and standard error.
     void AssertRuns(const std::vector<std::string>& arguments,
                     int exitCode,
                     const std::string& out,
@@ -100,13 +99,13 @@ protected:
         EXPECT_EQ(result.exitCode, exitCode);
     }
 
-    // Reports nothing but this complaint.
-    void AssertFails(const std::vector<std::string>& arguments, const std::string& complaint) {
-        AssertRuns(arguments, 2, "", "qvgraph: " + complaint + '\n');
+    // Expects exit code 2, and only this message.
+    void AssertFails(const std::vector<std::string>& arguments, const std::string& message) {
+        AssertRuns(arguments, 2, "", "qvgraph: " + message + '\n');
     }
 
-    // `text` with "<line>" in place of the line numbers of the parser's sources:
-    // the digits in "initTaskNode:113".
+    // `text` with "<line>" in place of the line numbers of the parser's sources, such as
+    // the digits of "initTaskNode:113".
     static std::string WithoutLines(const std::string& text) {
         const std::string digits = "0123456789";
         std::string result;
@@ -124,7 +123,7 @@ protected:
     TemporaryFolder folder;
     ProcessRequest request;
 
-    // A program that is to run the command, with its arguments; none by default.
+    // A program that runs the command, with its arguments; none by default.
     std::vector<std::string> launcher;
 };
 

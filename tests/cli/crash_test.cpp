@@ -1,4 +1,4 @@
-// The command, where the code of a node class crashes.
+// The message of the command if the code of a node class crashes.
 #include <csignal>
 #include <string>
 
@@ -13,11 +13,11 @@ protected:
         GTEST_SKIP() << "the sanitizer reports these signals itself";
 #endif
         if (!Emulator().empty()) {
-            GTEST_SKIP() << "the emulator reports these signals as well";
+            GTEST_SKIP() << "the emulator reports these signals too";
         }
     }
 
-    // Writes pipes.json with one node of a class.
+    // Writes pipes.json with one node of this class.
     void Write(const std::string& name, const std::string& options) {
         folder.write("pipes.json",
                      R"({"pipe_0": {"node_2": {"node_opts": {"node_name": ")" + name + '"' +
@@ -25,17 +25,17 @@ protected:
                          R"(}, "stream_opts": {"stream_output": "s", "stream_fmt_out": "f"}}}})");
     }
 
-    // The verb ends by the signal, after one line.
-    void AssertCrashes(const std::string& verb, int signal, const std::string& complaint) {
+    // Expects the signal to end the verb, after one line.
+    void AssertCrashes(const std::string& verb, int signal, const std::string& message) {
         const ProcessResult result = Run(
             {verb, "--plugin", std::string(QVGRAPH_TEST_PLUGINS) + "/crashes.so", "pipes.json"});
-        EXPECT_EQ(result.err, "qvgraph: pipes.json: " + complaint + '\n');
+        EXPECT_EQ(result.err, "qvgraph: pipes.json: " + message + '\n');
         EXPECT_EQ(result.out, "");
         EXPECT_EQ(result.signal, signal);
     }
 };
 
-TEST_F(CrashTest, EverySignalOfACrashIsToldAndEndsTheCommand) {
+TEST_F(CrashTest, EveryCrashSignalIsReportedAndEndsTheCommand) {
     const struct {
         int signal;
         const char* name;
@@ -46,45 +46,42 @@ TEST_F(CrashTest, EverySignalOfACrashIsToldAndEndsTheCommand) {
                    {SIGABRT, "aborted"}};
     for (const auto& crash : crashes) {
         Write("Crash#low", R"(, "signal": )" + std::to_string(crash.signal));
-        AssertCrashes(
-            "inspect",
-            crash.signal,
-            "the class 'Crash' of pipe_0/node_2 crashed (" + std::string(crash.name) + ')');
+        AssertCrashes("inspect",
+                      crash.signal,
+                      "class 'Crash' of pipe_0/node_2 crashed (" + std::string(crash.name) + ')');
     }
 }
 
-TEST_F(CrashTest, AWriteToWhereNothingIs) {
+TEST_F(CrashTest, AWriteToAnInvalidAddressIsReported) {
     Write("Crash", R"(, "address": "int64:16")");
     AssertCrashes(
-        "inspect", SIGSEGV, "the class 'Crash' of pipe_0/node_2 crashed (segmentation fault)");
+        "inspect", SIGSEGV, "class 'Crash' of pipe_0/node_2 crashed (segmentation fault)");
 }
 
-TEST_F(CrashTest, AClassThatUsesItsStackUp) {
+TEST_F(CrashTest, AStackOverflowIsReported) {
     Write("Crash", R"(, "deep": 1)");
     AssertCrashes(
-        "inspect", SIGSEGV, "the class 'Crash' of pipe_0/node_2 crashed (segmentation fault)");
+        "inspect", SIGSEGV, "class 'Crash' of pipe_0/node_2 crashed (segmentation fault)");
 }
 
-TEST_F(CrashTest, EveryVerbThatSetsNodesUpTells) {
+TEST_F(CrashTest, EveryVerbThatSetsUpNodesReportsACrash) {
     Write("Crash", R"(, "signal": 8)");
     for (const char* verb : {"inspect", "check", "draw"}) {
-        AssertCrashes(
-            verb, SIGFPE, "the class 'Crash' of pipe_0/node_2 crashed (arithmetic error)");
+        AssertCrashes(verb, SIGFPE, "class 'Crash' of pipe_0/node_2 crashed (arithmetic error)");
     }
 }
 
-TEST_F(CrashTest, AClassThatCrashesBeforeItMakesANode) {
+TEST_F(CrashTest, ACrashBeforeTheNodeIsCreatedIsReported) {
     Write("CrashAtOnce", "");
     AssertCrashes(
-        "inspect", SIGFPE, "the class 'CrashAtOnce' of pipe_0/node_2 crashed (arithmetic error)");
+        "inspect", SIGFPE, "class 'CrashAtOnce' of pipe_0/node_2 crashed (arithmetic error)");
 }
 
-TEST_F(CrashTest, NothingButPlainTextReachesTheTerminal) {
+TEST_F(CrashTest, TheMessageIsPrintableAscii) {
     Write("\u00c9t\u00e9\\n", "");
-    AssertCrashes(
-        "inspect",
-        SIGFPE,
-        R"(the class '\xc3\x89t\xc3\xa9\x0a' of pipe_0/node_2 crashed (arithmetic error))");
+    AssertCrashes("inspect",
+                  SIGFPE,
+                  R"(class '\xc3\x89t\xc3\xa9\x0a' of pipe_0/node_2 crashed (arithmetic error))");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What `qvgraph draw` draws, and what becomes of layouts that go wrong.
+// The pictures of `qvgraph draw`, and failed layouts.
 #include <sys/stat.h>
 
 #include <cstring>
@@ -26,7 +26,7 @@ protected:
         fs::create_directory(folder.path("bin"));
     }
 
-    // Has this script stand in for the program "dot".
+    // Replaces the program "dot" by a script.
     void UseDot(const std::string& script) {
         const std::string path = folder.write("bin/dot", "#!/bin/sh\n" + script + '\n');
         ASSERT_EQ(chmod(path.c_str(), 0755), 0);
@@ -35,7 +35,7 @@ protected:
 
     void UsePath(const std::string& path) { request.environment = {"TERM=xterm", "PATH=" + path}; }
 
-    // Draws without a word, and returns the picture.
+    // Draws without messages, and returns the picture.
     std::string Drawn(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), "draw");
         const ProcessResult result = Run(arguments);
@@ -44,7 +44,7 @@ protected:
         return result.out;
     }
 
-    // Writes a picture that begins so.
+    // Writes a picture that begins with `begin`.
     void AssertWrites(const std::string& name, const std::string& begin) {
         EXPECT_EQ(Drawn({"-o", name, "door.json"}), "");
         EXPECT_EQ(folder.read(name).substr(0, begin.size()), begin) << name;
@@ -60,7 +60,7 @@ TEST_F(DrawTest, DrawsForGraphvizByDefault) {
     EXPECT_EQ(Drawn({"-o", "-", "door.json"}), dot);
 }
 
-TEST_F(DrawTest, TheEndingOfTheFileTellsTheFormat) {
+TEST_F(DrawTest, TheExtensionOfTheFileDeterminesTheFormat) {
     AssertWrites("a.dot", DOT_BEGIN);
     AssertWrites("a.gv", DOT_BEGIN);
     AssertWrites("a.mmd", MERMAID_BEGIN);
@@ -72,7 +72,7 @@ TEST_F(DrawTest, TheEndingOfTheFileTellsTheFormat) {
     AssertWrites("a.b.SVG", SVG_BEGIN);
 }
 
-TEST_F(DrawTest, TheFormatMayBeAskedFor) {
+TEST_F(DrawTest, TheFormatOptionOverridesTheExtension) {
     EXPECT_EQ(Drawn({"-o", "a.svg", "--format", "dot", "door.json"}), "");
     EXPECT_EQ(folder.read("a.svg"), Drawn({"door.json"}));
     const std::string png = Drawn({"--format", "png", "door.json"});
@@ -81,7 +81,7 @@ TEST_F(DrawTest, TheFormatMayBeAskedFor) {
     EXPECT_EQ(html.substr(0, strlen(HTML_BEGIN)), HTML_BEGIN);
 }
 
-TEST_F(DrawTest, TheSameInputGivesTheSameBytes) {
+TEST_F(DrawTest, TheSameInputProducesTheSameBytes) {
     for (const char* format : {"dot", "mermaid", "svg", "html"}) {
         EXPECT_EQ(Drawn({"--format", format, "door.json"}),
                   Drawn({"--format", format, "door.json"}))
@@ -95,18 +95,18 @@ TEST_F(DrawTest, ReadsStandardInput) {
     EXPECT_EQ(Drawn({"-"}).substr(0, begin.size()), begin);
 }
 
-TEST_F(DrawTest, ThePictureInTheDocumentationIsCurrent) {
+TEST_F(DrawTest, ThePictureInTheDocumentationIsUpToDate) {
     const std::string drawn =
         Drawn({"--format", "svg", QVGRAPH_SOURCE_DIR "/examples/door-camera.json"});
     const std::string committed = readFile(QVGRAPH_SOURCE_DIR "/docs/door-camera.svg");
     const std::string version = drawn.substr(0, drawn.find("<svg"));
     if (committed.compare(0, version.size(), version) != 0) {
-        GTEST_SKIP() << "it was laid out by another Graphviz";
+        GTEST_SKIP() << "another version of Graphviz laid it out";
     }
     EXPECT_EQ(drawn, committed);
 }
 
-// ---- What is drawn ----------------------------------------------------------
+// ---- Content ----------------------------------------------------------------
 
 TEST_F(DrawTest, DrawsOnePipe) {
     folder.write("three.json", R"({"pipe_0": {}, "pipe_1": {}, "pipe_3": {}})");
@@ -124,14 +124,14 @@ TEST_F(DrawTest, DrawsOnePipe) {
                 "empty.json: there is no \"pipe_0\": the configuration has no pipes");
 }
 
-TEST_F(DrawTest, ShowsOptionsOnRequest) {
+TEST_F(DrawTest, ShowsOptionsIfRequested) {
     EXPECT_EQ(Drawn({"door.json"}).find("fps"), std::string::npos);
     EXPECT_NE(Drawn({"--options", "door.json"}).find("fps"), std::string::npos);
     EXPECT_NE(Drawn({"--options", "--format", "mermaid", "door.json"}).find("fps 25"),
               std::string::npos);
 }
 
-TEST_F(DrawTest, AWrongConfigurationIsDrawnAllTheSame) {
+TEST_F(DrawTest, AConfigurationWithMistakesIsDrawn) {
     folder.write("wrong.json", R"({"pipe_0": {"node_0": {
         "node_opts": {"node_name": "View"},
         "stream_opts": {"stream_input": "raw", "stream_fmt_in": "nv12"}}}}
@@ -143,14 +143,14 @@ TEST_F(DrawTest, AWrongConfigurationIsDrawnAllTheSame) {
     EXPECT_EQ(Drawn({"-q", "wrong.json"}), result.out);
 }
 
-TEST_F(DrawTest, ANodeClassMayBeMissing) {
+TEST_F(DrawTest, AnUnregisteredClassIsDrawnAsAnError) {
     const ProcessResult result = Run({"draw", "--no-stub", "door.json"});
     EXPECT_NE(result.out.find(">error: node-class</FONT>"), std::string::npos);
     EXPECT_EQ(result.err, "qvgraph: door.json: 1 error (see qvgraph check)\n");
     EXPECT_EQ(result.exitCode, 0);
 }
 
-TEST_F(DrawTest, WithoutADocumentThereIsNoPicture) {
+TEST_F(DrawTest, ADocumentThatDoesNotLoadIsNotDrawn) {
     folder.write("broken.json", "{");
     folder.write("a.svg", "old");
     AssertFails({"draw", "broken.json"},
@@ -161,8 +161,8 @@ TEST_F(DrawTest, WithoutADocumentThereIsNoPicture) {
     EXPECT_EQ(folder.read("a.svg"), "old");
 }
 
-// Everywhere in the configuration, what would end or begin something.
-TEST_F(DrawTest, NoTextOfAConfigurationIsMarkup) {
+// Every string of the configuration contains characters that begin or end markup.
+TEST_F(DrawTest, StringsOfAConfigurationAreNeverMarkup) {
     const std::string evil = R"(</text></svg>]]>-->\"'<script>alert(1)</script>&lt;\\N\\)";
     folder.write("evil.json",
                  R"({"pipe_0": {"default_mode_link": ")" + evil + R"(", "node_0": {"node_opts": {
@@ -184,7 +184,7 @@ TEST_F(DrawTest, NoTextOfAConfigurationIsMarkup) {
 
 TEST_F(DrawTest, HelpNamesEveryOption) {
     const std::string help = Drawn({"--help"});
-    const std::string begin = "Draw a configuration: its nodes, and the streams between them.\n";
+    const std::string begin = "Draw the nodes and streams of a configuration.\n";
     EXPECT_EQ(help.substr(0, begin.size()), begin);
     for (const char* option : {"\n  FILE  ",
                                "\n  --format FORMAT  ",
@@ -198,24 +198,25 @@ TEST_F(DrawTest, HelpNamesEveryOption) {
     }
 }
 
-TEST_F(DrawTest, WantsArgumentsThatItKnows) {
+TEST_F(DrawTest, RejectsUnknownArguments) {
     AssertFails({"draw"}, "FILE is required (see qvgraph draw --help)");
     AssertFails({"draw", "--format", "pdf", "door.json"},
                 "--format: pdf not in {dot,svg,png,mermaid,html} (see qvgraph draw --help)");
-    AssertFails({"draw", "--pipe", "-1", "door.json"},
-                "--pipe: '-1' is no index from 0 (see qvgraph draw --help)");
+    AssertFails(
+        {"draw", "--pipe", "-1", "door.json"},
+        "--pipe: '-1' is not a whole number from 0 to 2147483647 (see qvgraph draw --help)");
     for (const std::string seconds : {"0", "-1", "1.5", "soon", "86401"}) {
         AssertFails({"draw", "--timeout=" + seconds, "door.json"},
                     "--timeout: '" + seconds +
-                        "' is no number of seconds from 1 to 86400 (see qvgraph draw --help)");
+                        "' is not a whole number from 1 to 86400 (see qvgraph draw --help)");
     }
 }
 
-TEST_F(DrawTest, WantsAnEndingThatTellsAFormat) {
+TEST_F(DrawTest, RejectsAnExtensionThatDoesNotTellTheFormat) {
     for (const std::string name : {"a.pdf", "a", "svg", "a.svg/b", ".svg", "/dev/null"}) {
         AssertFails({"draw", "-o", name, "door.json"},
-                    "--output: the ending of '" + name +
-                        "' tells no format; give --format (see qvgraph draw --help)");
+                    "--output: the extension of '" + name +
+                        "' does not tell the format; use --format (see qvgraph draw --help)");
     }
     EXPECT_EQ(Drawn({"-o", "/dev/null", "--format", "dot", "door.json"}), "");
 }
@@ -226,81 +227,84 @@ TEST_F(DrawTest, DoesNotReplaceItsInput) {
     EXPECT_EQ(folder.read("door.json"), READY);
 }
 
-TEST_F(DrawTest, ATerminalGetsNoPng) {
+TEST_F(DrawTest, PngIsNotWrittenToATerminal) {
     request.out.kind = Kind::Terminal;
     AssertFails({"draw", "--format", "png", "door.json"},
-                "cannot write a png to a terminal: give -o FILE");
+                "cannot write a png to a terminal; use -o FILE");
 }
 
-// ---- Layouts that go wrong --------------------------------------------------
+// ---- Failed layouts ---------------------------------------------------------
 
-TEST_F(DrawTest, WithoutGraphvizThereIsNoLayout) {
+TEST_F(DrawTest, ReportsThatGraphvizIsMissing) {
     UsePath(folder.path("bin"));
     for (const char* format : {"svg", "png", "html"}) {
         AssertFails({"draw", "--format", format, "door.json"},
-                    "no picture: cannot run the program dot of Graphviz "
-                    "(No such file or directory); --format dot and mermaid do without it");
+                    "cannot lay out the picture: cannot run the program dot of Graphviz "
+                    "(No such file or directory); the formats dot and mermaid do not need it");
     }
     EXPECT_NE(Drawn({"door.json"}), "");
     EXPECT_NE(Drawn({"--format", "mermaid", "door.json"}), "");
 }
 
-TEST_F(DrawTest, AProgramThatMayNotBeRunIsNamedToo) {
+TEST_F(DrawTest, ReportsThatGraphvizCannotBeExecuted) {
     folder.write("bin/dot", "#!/bin/sh\n");
     UsePath(folder.path("bin"));
-    AssertFails({"draw", "--format", "svg", "door.json"},
-                "no picture: cannot run the program dot of Graphviz (Permission denied); "
-                "--format dot and mermaid do without it");
+    AssertFails(
+        {"draw", "--format", "svg", "door.json"},
+        "cannot lay out the picture: cannot run the program dot of Graphviz (Permission denied); "
+        "the formats dot and mermaid do not need it");
 }
 
-TEST_F(DrawTest, ALayoutMayFail) {
+TEST_F(DrawTest, ReportsAFailedLayout) {
     UseDot("echo 'Error: too \033[2Jhard' >&2; echo more >&2; exit 3");
     AssertFails({"draw", "--format", "svg", "door.json"},
-                "no picture: dot failed with the exit code 3: Error: too \\x1b[2Jhard");
+                "cannot lay out the picture: dot failed with exit code 3: Error: too \\x1b[2Jhard");
     UseDot("exit 1");
     AssertFails({"draw", "--format", "svg", "door.json"},
-                "no picture: dot failed with the exit code 1");
+                "cannot lay out the picture: dot failed with exit code 1");
 }
 
-TEST_F(DrawTest, ALayoutMayCrash) {
+TEST_F(DrawTest, ReportsACrashedLayout) {
     UseDot("kill -SEGV $$");
     AssertFails({"draw", "--format", "svg", "door.json"},
-                "no picture: dot was ended by the signal 11");
+                "cannot lay out the picture: dot was terminated by signal 11");
 }
 
-TEST_F(DrawTest, ALayoutMayTakeTooLong) {
+TEST_F(DrawTest, ReportsALayoutThatTakesTooLong) {
     UseDot("exec sleep 1000");
     AssertFails({"draw", "--timeout", "1", "--format", "svg", "door.json"},
-                "no picture: dot took more than 1 second; "
-                "--timeout gives it longer, --pipe less to do");
+                "cannot lay out the picture: dot took more than 1 second; "
+                "allow more with --timeout, or draw one pipe with --pipe");
 }
 
-TEST_F(DrawTest, ALayoutMayBeNone) {
+TEST_F(DrawTest, ReportsAnIncompleteLayout) {
     for (const char* script : {"true", "echo '<svg'", "echo '</svg>'", "echo '<svg></svg> x'"}) {
         UseDot(script);
         AssertFails({"draw", "--format", "svg", "door.json"},
-                    "no picture: what dot wrote is no svg");
+                    "cannot lay out the picture: the output of dot is not a complete svg file");
     }
     UseDot("echo '<svg></svg>'");
-    AssertFails({"draw", "--format", "png", "door.json"}, "no picture: what dot wrote is no png");
+    AssertFails({"draw", "--format", "png", "door.json"},
+                "cannot lay out the picture: the output of dot is not a complete png file");
     UseDot("printf '\\211PNG\\r\\n\\032\\nIEND'");
-    AssertFails({"draw", "--format", "png", "door.json"}, "no picture: what dot wrote is no png");
+    AssertFails({"draw", "--format", "png", "door.json"},
+                "cannot lay out the picture: the output of dot is not a complete png file");
 }
 
-TEST_F(DrawTest, WithoutALayoutNothingIsWritten) {
+TEST_F(DrawTest, NothingIsWrittenIfTheLayoutFails) {
     folder.write("a.html", "old");
     UseDot("echo '<svg>'; exit 1");
     AssertFails({"draw", "-o", "a.html", "door.json"},
-                "no picture: dot failed with the exit code 1");
+                "cannot lay out the picture: dot failed with exit code 1");
     EXPECT_EQ(folder.read("a.html"), "old");
 }
 
-TEST_F(DrawTest, WarningsOfGraphvizAreItsOwn) {
+TEST_F(DrawTest, WarningsOfGraphvizAreNotShown) {
     UseDot("echo Warning >&2; echo '<svg></svg>'");
     EXPECT_NE(Drawn({"--format", "svg", "door.json"}), "");
 }
 
-TEST_F(DrawTest, GraphvizGetsTheGraph) {
+TEST_F(DrawTest, GraphvizReceivesTheGraph) {
     UseDot("cat >seen.dot; echo \"$*\" >seen.txt; echo '<svg></svg>'");
     Drawn({"--format", "svg", "door.json"});
     EXPECT_EQ(folder.read("seen.dot"), Drawn({"door.json"}));

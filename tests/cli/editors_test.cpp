@@ -1,5 +1,5 @@
-// What docs/editors tells an editor about the reports of "qvgraph check", and
-// the hook for pre-commit: applied to reports as they are.
+// The settings in docs/editors and the hook for pre-commit work with the reports of
+// "qvgraph check".
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -21,64 +21,67 @@ const char* const TWO_MISTAKES = R"({"pipe_0": {
              "stream_opts": {"stream_output": "raw", "stream_fmt_out": "nv12"}}}}
 )";
 
-// What stands between blanks.
+// The words between spaces.
 std::vector<std::string> wordsOf(const std::string& line) {
     std::istringstream words(line);
     return {std::istream_iterator<std::string>(words), {}};
 }
 
+using Problem = std::vector<std::string>;
+
+// The parts of each line of a report, as an editor extracts them with a problem pattern.
+std::vector<Problem> problemsIn(const std::string& text, const json& pattern) {
+    const std::regex matcher(pattern["regexp"].get<std::string>());
+    std::vector<Problem> problems;
+    std::istringstream report(text);
+    for (std::string line; std::getline(report, line);) {
+        std::smatch match;
+        EXPECT_TRUE(std::regex_match(line, match, matcher)) << line;
+        problems.emplace_back();
+        for (const char* part : {"file", "line", "column", "severity", "code", "message"}) {
+            problems.back().push_back(match[pattern[part].get<size_t>()]);
+        }
+    }
+    return problems;
+}
+
 class EditorsTest : public CommandTest {};
 
-TEST_F(EditorsTest, TheProblemMatcherTakesEveryFindingApart) {
+TEST_F(EditorsTest, TheProblemMatcherParsesEveryFinding) {
     const json task =
         json::parse(readFile(QVGRAPH_SOURCE_DIR "/docs/editors/vscode/tasks.json"))["tasks"][0];
     ASSERT_EQ(task["command"], "qvgraph");
     auto arguments = task["args"].get<std::vector<std::string>>();
     std::replace(arguments.begin(), arguments.end(), std::string("${file}"), std::string("a.json"));
     folder.write("a.json", TWO_MISTAKES);
-    const json& pattern = task["problemMatcher"]["pattern"];
-    const std::regex matcher(pattern["regexp"].get<std::string>());
-
-    std::vector<std::vector<std::string>> problems;
-    std::istringstream report(Run(arguments).out);
-    for (std::string line; std::getline(report, line);) {
-        std::smatch match;
-        ASSERT_TRUE(std::regex_match(line, match, matcher)) << line;
-        std::vector<std::string> problem;
-        for (const char* part : {"file", "line", "column", "severity", "code", "message"}) {
-            problem.push_back(match[pattern[part].get<size_t>()]);
-        }
-        problems.push_back(problem);
-    }
-
-    const std::vector<std::vector<std::string>> expected = {
+    const std::vector<Problem> expected = {
         {"a.json",
          "2",
          "3",
          "warning",
          "unknown-key",
-         std::string("'threads' is no key of a pipe: a device ignores it; hint: remove it; ") +
-             "\"thread_opts\", \"default_mode_link\", 'executor_<e>', 'link_<l>' and 'node_<n>' "
-             "are known here"},
+         std::string("'threads' is not a reserved key of a pipe: the device ignores it; ") +
+             "hint: remove it; the reserved keys of a pipe are \"thread_opts\", "
+             "\"default_mode_link\", 'executor_<e>', 'link_<l>' and 'node_<n>'"},
         {"a.json",
          "3",
          "56",
          "warning",
          "number-lost",
-         "'a' is stored as 1: the fraction of '1.5' is dropped; hint: write \"float:1.5\""},
+         "'a' is stored as 1: the device drops the fraction of '1.5'; hint: write \"float:1.5\""},
         {"a.json",
          "4",
          "47",
          "note",
          "no-consumer",
          std::string(
-             "no node of the pipe takes the stream 'raw'; hint: add a node that takes it, ") +
-             "unless something outside the pipe does"}};
-    EXPECT_EQ(problems, expected);
+             "stream 'raw' has no consumer in this pipe: no node receives its data; hint: add a ") +
+             "consumer, unless something outside the pipe consumes it"}};
+    EXPECT_EQ(problemsIn(Run(arguments).out, task["problemMatcher"]["pattern"]), expected);
 }
 
-// pre-commit runs the entry with the names of files behind it.
-TEST_F(EditorsTest, ThePreCommitHookFailsWhereAFileIsWrong) {
+// pre-commit appends file names to the entry and runs it.
+TEST_F(EditorsTest, ThePreCommitHookFailsIfAFileHasAnError) {
     std::vector<std::string> entry;
     std::istringstream hooks(readFile(QVGRAPH_SOURCE_DIR "/.pre-commit-hooks.yaml"));
     for (std::string line; std::getline(hooks, line);) {

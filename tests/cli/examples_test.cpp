@@ -1,7 +1,4 @@
-// The examples, inspected: every node of them is ready.
-//
-// The reports stand in tests/data/inspect, where they are read and changed by
-// hand.
+// Every node of the examples is ready. tests/data/inspect contains the expected reports.
 #include <string>
 
 #include "tests/cli/command_test.h"
@@ -12,13 +9,13 @@ class ExamplesTest : public CommandTest {
 protected:
     ExamplesTest() { request.folder = QVGRAPH_EXAMPLES; }
 
-    // The report that an example has, by the name of its file.
+    // The expected report in this file.
     static std::string Expected(const std::string& name) {
         return readFile(QVGRAPH_TEST_DATA "/inspect/" + name);
     }
 };
 
-TEST_F(ExamplesTest, TheFirstOneIsReady) {
+TEST_F(ExamplesTest, TheFirstExampleIsReady) {
     AssertRuns({"inspect", "first.json"}, 0, Expected("first.txt"), "");
     AssertRuns({"inspect", "--format", "json", "first.json"}, 0, Expected("first.json"), "");
 }

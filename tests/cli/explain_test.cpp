@@ -1,4 +1,4 @@
-// What `qvgraph explain` shows of the rules.
+// The explanations of `qvgraph explain`.
 #include <sstream>
 #include <string>
 #include <vector>
@@ -51,16 +51,16 @@ TEST_F(ExplainTest, ExplainsEveryRuleOfTheList) {
     }
 }
 
-// The check itself speaks of the example.
+// The finding in the explanation is a result of the check itself.
 TEST_F(ExplainTest, ExplainsARule) {
     AssertRuns({"explain", "duplicate-key"},
                0,
-               R"(duplicate-key (warning): An object has two members of one key
+               R"(duplicate-key (warning): An object has several members with the same key
 
-Of several members of one object with the same key, the last in the text wins.
-The others are lost, with everything in them.
+If an object has several members with the same key, the last one in the text
+wins. The others are discarded, with everything in them.
 
-On a device: Only the last one is there; nothing is logged.
+On a device: The device sees only the last one, and nothing is logged.
 
 Example:
 
@@ -70,17 +70,17 @@ Example:
       |   ^~~~~~~~~~~~~~~~~~~
     4 | }}
 
-  warning: 'default_mode_link' stands in this object already: this one wins, and
-           the one before is lost
-  hint: remove one of them, or rename it
+  warning: 'default_mode_link' is already in this object: the device discards
+           the earlier value and uses this one
+  hint: remove or rename one of them
 
-Put right:
+Fixed:
 
   {"pipe_0": {
     "default_mode_link": "async"
   }}
 
-Remove one of the members, or give it a key of its own.
+Remove the other members, or give each member its own key.
 )",
                "");
 }
@@ -90,11 +90,11 @@ TEST_F(ExplainTest, ExplainsARuleAsMarkdown) {
                0,
                R"(### duplicate-key
 
-**warning**: An object has two members of one key
+**warning**: An object has several members with the same key
 
-Of several members of one object with the same key, the last in the text wins. The others are lost, with everything in them.
+If an object has several members with the same key, the last one in the text wins. The others are discarded, with everything in them.
 
-On a device: Only the last one is there; nothing is logged.
+On a device: The device sees only the last one, and nothing is logged.
 
 Example:
 
@@ -105,11 +105,11 @@ Example:
 }}
 ```
 
-> 3:3: warning: 'default_mode_link' stands in this object already: this one wins, and the one before is lost
+> 3:3: warning: 'default_mode_link' is already in this object: the device discards the earlier value and uses this one
 >
-> hint: remove one of them, or rename it
+> hint: remove or rename one of them
 
-Put right:
+Fixed:
 
 ```jsonc
 {"pipe_0": {
@@ -117,20 +117,20 @@ Put right:
 }}
 ```
 
-Remove one of the members, or give it a key of its own.
+Remove the other members, or give each member its own key.
 )",
                "");
 }
 
-TEST_F(ExplainTest, WantsACodeThatThereIs) {
+TEST_F(ExplainTest, RejectsAnUnknownCode) {
     AssertFails({"explain", "duplicate-keys"},
-                "CODE: there is no rule 'duplicate-keys'; is 'duplicate-key' meant?"
+                "CODE: there is no rule 'duplicate-keys'; did you mean 'duplicate-key'?"
                 " (see qvgraph explain --help)");
     AssertFails({"explain", "everything"},
-                "CODE: there is no rule 'everything'; qvgraph explain lists the rules"
+                "CODE: there is no rule 'everything'; run qvgraph explain to list the rules"
                 " (see qvgraph explain --help)");
     AssertFails({"explain", "\033[2J"},
-                "CODE: there is no rule '\\x1b[2J'; qvgraph explain lists the rules"
+                "CODE: there is no rule '\\x1b[2J'; run qvgraph explain to list the rules"
                 " (see qvgraph explain --help)");
 }
 
@@ -143,12 +143,12 @@ TEST_F(ExplainTest, HelpBeginsWithExamples) {
     const std::string beginning = R"(Explain the rules of the check.
 
 Examples:
-  qvgraph explain                         every rule, one a line
+  qvgraph explain                      list all rules, one per line
 )";
     EXPECT_EQ(Run({"explain", "--help"}).out.substr(0, beginning.size()), beginning);
 }
 
-TEST_F(ExplainTest, ThePageOfTheRulesIsCurrent) {
+TEST_F(ExplainTest, TheRulesPageIsUpToDate) {
     AssertRuns(
         {"explain", "--format", "markdown"}, 0, readFile(QVGRAPH_SOURCE_DIR "/docs/rules.md"), "");
 }

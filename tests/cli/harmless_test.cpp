@@ -1,5 +1,4 @@
-// Whatever a configuration holds, no byte of it steers the terminal, adds a
-// line or is taken for a format.
+// No byte of a configuration controls the terminal, adds a line or is used as a format.
 #include <string>
 #include <vector>
 
@@ -10,7 +9,7 @@ namespace {
 
 class HarmlessTest : public CommandTest {
 protected:
-    // As many lines as of a text that is harmless, and nothing else.
+    // Expects as many lines as for a harmless text, and no control characters.
     void AssertHarmless(const std::vector<std::string>& arguments) {
         const std::string command = testing::PrintToString(arguments);
         folder.write("door.json", fullOf(HARMLESS));
@@ -33,21 +32,21 @@ protected:
     }
 };
 
-TEST_F(HarmlessTest, TextReport) {
+TEST_F(HarmlessTest, TheTextReportIsHarmless) {
     AssertHarmless({"inspect", "door.json"});
     AssertHarmless({"inspect", "--no-stub", "door.json"});
 }
 
-TEST_F(HarmlessTest, JsonReport) {
+TEST_F(HarmlessTest, TheJsonReportIsHarmless) {
     AssertHarmless({"inspect", "--format", "json", "door.json"});
 }
 
-TEST_F(HarmlessTest, Records) {
+TEST_F(HarmlessTest, RecordsAreHarmless) {
     AssertHarmless({"inspect", "-v", "door.json"});
     AssertHarmless({"inspect", "-vv", "door.json"});
 }
 
-TEST_F(HarmlessTest, ColourIsTheCommandsOwn) {
+TEST_F(HarmlessTest, OnlyTheCommandSetsColours) {
     const std::vector<std::string> arguments = {"inspect", "--color", "always", "-vv", "door.json"};
     for (const char* colour : {"0", "1", "31", "32", "34", "1;31"}) {
         folder.write("door.json", fullOf(HARMLESS));
@@ -61,7 +60,7 @@ TEST_F(HarmlessTest, ColourIsTheCommandsOwn) {
     }
 }
 
-TEST_F(HarmlessTest, ErrorsOfADocument) {
+TEST_F(HarmlessTest, SyntaxErrorsAreHarmless) {
     for (const char* text :
          {"{\"a\033[2J\": \033}", "[\x9b]", "f\x7f\r\n", "{\"\": 1\u0085}", "\xff"}) {
         folder.write("door.json", text);
@@ -74,7 +73,7 @@ TEST_F(HarmlessTest, ErrorsOfADocument) {
     }
 }
 
-TEST_F(HarmlessTest, ConversionsAreText) {
+TEST_F(HarmlessTest, FormatConversionsArePrintedAsText) {
     for (const char* format : {"text", "json"}) {
         const std::vector<std::string> arguments = {
             "inspect", "--format", format, "-vv", "door.json"};

@@ -1,4 +1,4 @@
-// What `qvgraph inspect` reads.
+// The input of `qvgraph inspect`.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -44,7 +44,7 @@ TEST_F(InputTest, ReadsStandardInputFromAFile) {
     AssertRuns({"inspect", "-"}, 0, std::string("<stdin>") + READY_TEXT, "");
 }
 
-TEST_F(InputTest, StandardInputMayBeClosed) {
+TEST_F(InputTest, AClosedStandardInputIsReported) {
     request.in.kind = ProcessStream::Kind::Closed;
     AssertFails({"inspect", "-"}, "cannot read <stdin>: Bad file descriptor");
     folder.write("door.json", READY);
@@ -57,7 +57,7 @@ TEST_F(InputTest, ReadsThroughALink) {
     AssertRuns({"inspect", "link.json"}, 0, std::string("link.json") + READY_TEXT, "");
 }
 
-// Writes a text into a FIFO as soon as it has a reader.
+// Writes a text to a FIFO as soon as the FIFO has a reader.
 class FifoWriter {
 public:
     FifoWriter(const std::string& path, const std::string& text)
@@ -68,7 +68,7 @@ public:
               close(descriptor);
           }) {}
 
-    // Stands in for a reader that never came, so that the writer ends.
+    // Opens the FIFO in case the command has not, so that the writer ends.
     ~FifoWriter() {
         const int descriptor = open(mPath.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
         mThread.join();
@@ -88,7 +88,7 @@ TEST_F(InputTest, ReadsAFifo) {
     AssertRuns({"inspect", "fifo"}, 0, std::string("fifo") + READY_TEXT, "");
 }
 
-TEST_F(InputTest, SaysWhyAFileCannotBeRead) {
+TEST_F(InputTest, ReportsWhyAFileCannotBeRead) {
     folder.write("door.json", READY);
     fs::create_symlink("nowhere.json", folder.path("dangling.json"));
     fs::create_symlink("loop.json", folder.path("loop.json"));
@@ -106,15 +106,15 @@ TEST_F(InputTest, SaysWhyAFileCannotBeRead) {
                 "cannot read " + std::string(300, 'x') + ": File name too long");
 }
 
-TEST_F(InputTest, SaysWhyReadingStopped) {
+TEST_F(InputTest, ReportsWhyReadingFails) {
     AssertFails({"inspect", "/proc/self/mem"}, "cannot read /proc/self/mem: Input/output error");
 }
 
-TEST_F(InputTest, WithoutPermissionAFileCannotBeRead) {
+TEST_F(InputTest, AFileWithoutReadPermissionIsReported) {
     folder.write("door.json", READY);
     fs::permissions(folder.path("door.json"), fs::perms::none);
     if (geteuid() == 0) {
-        // Root may read everything.
+        // Root can read every file.
         fs::permissions(folder.path(), fs::perms(0755));
         launcher = {"/usr/bin/setpriv", "--reuid=65534", "--clear-groups"};
         if (Run({"--version"}).exitCode != 0) {
@@ -124,7 +124,7 @@ TEST_F(InputTest, WithoutPermissionAFileCannotBeRead) {
     AssertFails({"inspect", "door.json"}, "cannot read door.json: Permission denied");
 }
 
-TEST_F(InputTest, SaysWhyADocumentDoesNotLoad) {
+TEST_F(InputTest, ReportsWhyADocumentDoesNotLoad) {
     folder.write("broken.json", R"({"pipe_0": {} "pipe_1": {}})");
     AssertFails({"inspect", "broken.json"},
                 "broken.json: expected ',' in object, got '\"' (34) (see qvgraph check)");
@@ -142,16 +142,16 @@ TEST_F(InputTest, ReadsUpToTheFirstNul) {
     AssertRuns({"inspect", "door.json"}, 0, std::string("door.json") + READY_TEXT, "");
 }
 
-TEST_F(InputTest, AFileWithoutAnEndIsTooLarge) {
+TEST_F(InputTest, AnEndlessFileIsTooLarge) {
     AssertFails({"inspect", "/dev/zero"}, "cannot read /dev/zero: it is larger than 256 MiB");
 }
 
-TEST_F(InputTest, SaysThatThereIsNotEnoughMemory) {
+TEST_F(InputTest, ReportsThatItIsOutOfMemory) {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    GTEST_SKIP() << "the sanitizer takes more than any limit";
+    GTEST_SKIP() << "the sanitizer needs more memory than any limit";
 #endif
     if (!Emulator().empty()) {
-        GTEST_SKIP() << "the limit would be the emulator's";
+        GTEST_SKIP() << "the limit would apply to the emulator";
     }
     request.maxMemory = 100UL << 20;
     AssertFails({"inspect", "/dev/zero"}, "out of memory");

@@ -1,4 +1,4 @@
-// What `qvgraph inspect` reports, and the exit codes of it.
+// The reports and exit codes of `qvgraph inspect`.
 #include <string>
 
 #include "tests/cli/command_test.h"
@@ -33,10 +33,7 @@ TEST_F(InspectTest, ReportsAConfigurationThatIsNotReady) {
         {"inspect", "unready.json"}, 1, std::string("unready.json") + UNREADY_TEXT, NOT_READY);
 }
 
-TEST_F(InspectTest, ReportsAsJson) {
-    AssertRuns({"inspect", "--format", "json", "unready.json"},
-               1,
-               R"({
+const char* const UNREADY_JSON = R"({
   "format_version": "1.0",
   "file": "unready.json",
   "pipes": [
@@ -56,7 +53,7 @@ TEST_F(InspectTest, ReportsAsJson) {
           "class": "",
           "outcome": "not created",
           "result": -1,
-          "message": "it has no \"node_name\" that is a text",
+          "message": "it has no \"node_name\" that is a string",
           "options": [],
           "inputs": [],
           "outputs": []
@@ -97,8 +94,10 @@ TEST_F(InspectTest, ReportsAsJson) {
     }
   ]
 }
-)",
-               NOT_READY);
+)";
+
+TEST_F(InspectTest, ReportsAsJson) {
+    AssertRuns({"inspect", "--format", "json", "unready.json"}, 1, UNREADY_JSON, NOT_READY);
 }
 
 TEST_F(InspectTest, AConfigurationWithoutNodesIsReady) {
@@ -127,43 +126,45 @@ pipe 1: there is no "pipe_1"
                "");
 }
 
-TEST_F(InspectTest, OnlyThePipeThatIsShownDecides) {
+TEST_F(InspectTest, OnlyTheSelectedPipeDeterminesTheExitCode) {
     folder.write("half.json", R"({"pipe_0": {}, "pipe_1": {"node_0": {}}})");
     EXPECT_EQ(Run({"inspect", "--pipe", "0", "half.json"}).exitCode, 0);
     EXPECT_EQ(Run({"inspect", "--pipe", "1", "half.json"}).exitCode, 1);
     EXPECT_EQ(Run({"inspect", "half.json"}).exitCode, 1);
 }
 
-TEST_F(InspectTest, WantsAPipeThatIsThere) {
+TEST_F(InspectTest, RejectsAPipeThatDoesNotExist) {
     AssertFails({"inspect", "--pipe", "3", "three.json"},
                 "three.json: there is no pipe 3: "
-                "the configuration has 3, with the indexes 0 to 2");
+                "the configuration has 3 pipes, with the indexes 0 to 2");
     AssertFails({"inspect", "--pipe", "1", "ready.json"},
-                "ready.json: there is no pipe 1: the configuration has 1, with the index 0");
+                "ready.json: there is no pipe 1: the configuration has 1 pipe, with the index 0");
     AssertFails({"inspect", "--pipe", "2147483647", "ready.json"},
                 "ready.json: there is no pipe 2147483647: "
-                "the configuration has 1, with the index 0");
+                "the configuration has 1 pipe, with the index 0");
     folder.write("empty.json", "{}");
     AssertFails({"inspect", "--pipe", "0", "empty.json"},
-                "empty.json: there is no pipe 0: the configuration has none");
+                "empty.json: there is no pipe 0: the configuration has no pipes");
 }
 
-TEST_F(InspectTest, WantsAnIndexOfAPipe) {
+TEST_F(InspectTest, RejectsAPipeThatIsNotANumber) {
     for (const std::string index : {"-1", "first", "1.5", "0x1", "+1", " 1", "1 ", "2147483648"}) {
-        AssertFails({"inspect", "--pipe=" + index, "three.json"},
-                    "--pipe: '" + index + "' is no index from 0 (see qvgraph inspect --help)");
+        AssertFails(
+            {"inspect", "--pipe=" + index, "three.json"},
+            "--pipe: '" + index +
+                "' is not a whole number from 0 to 2147483647 (see qvgraph inspect --help)");
     }
 }
 
-TEST_F(InspectTest, AnIndexIsDecimal) {
+TEST_F(InspectTest, AnIndexWithALeadingZeroIsDecimal) {
     AssertFails(
         {"inspect", "--pipe", "010", "three.json"},
-        "three.json: there is no pipe 10: the configuration has 3, with the indexes 0 to 2");
+        "three.json: there is no pipe 10: the configuration has 3 pipes, with the indexes 0 to 2");
 }
 
 // ---- Records ----------------------------------------------------------------
 
-TEST_F(InspectTest, ShowsErrorsAndFailuresOnRequest) {
+TEST_F(InspectTest, PrintsErrorsAndFailuresIfVerbose) {
     for (const char* option : {"-v", "--verbose"}) {
         const ProcessResult result = Run({"inspect", option, "unready.json"});
         EXPECT_EQ(result.out, std::string("unready.json") + UNREADY_TEXT);
@@ -178,7 +179,7 @@ TEST_F(InspectTest, ShowsErrorsAndFailuresOnRequest) {
     }
 }
 
-TEST_F(InspectTest, ShowsEveryRecordOnRequest) {
+TEST_F(InspectTest, PrintsEveryRecordIfMoreVerbose) {
     for (const char* option : {"-vv", "-vvv"}) {
         const ProcessResult result = Run({"inspect", option, "ready.json"});
         EXPECT_EQ(result.out, std::string("ready.json") + READY_TEXT);
@@ -211,7 +212,7 @@ QVGraphParser info syncOptions:<line>: sync to node options, node info:
     }
 }
 
-TEST_F(InspectTest, ShowsTheRecordOfAFailedLoad) {
+TEST_F(InspectTest, PrintsTheRecordOfAFailedLoad) {
     folder.write("broken.json", "{");
     const ProcessResult result = Run({"inspect", "-v", "broken.json"});
     EXPECT_EQ(result.out, "");
@@ -222,7 +223,7 @@ TEST_F(InspectTest, ShowsTheRecordOfAFailedLoad) {
     EXPECT_EQ(result.exitCode, 2);
 }
 
-TEST_F(InspectTest, IsQuietOnRequest) {
+TEST_F(InspectTest, PrintsNoSummaryIfQuiet) {
     for (const char* option : {"-q", "--quiet"}) {
         AssertRuns(
             {"inspect", option, "unready.json"}, 1, std::string("unready.json") + UNREADY_TEXT, "");
@@ -231,7 +232,7 @@ TEST_F(InspectTest, IsQuietOnRequest) {
                 "cannot read missing.json: No such file or directory");
 }
 
-TEST_F(InspectTest, AsksForRecordsMayBeQuietBesides) {
+TEST_F(InspectTest, PrintsRecordsEvenIfQuiet) {
     EXPECT_EQ(WithoutLines(Run({"inspect", "-vq", "unready.json"}).err),
               "QVGraphParser notice initTaskNode:<line>: "
               "failed to node_proxy_node_create(...) for node:\n"
@@ -240,9 +241,9 @@ TEST_F(InspectTest, AsksForRecordsMayBeQuietBesides) {
               "failed at initTaskNode:<line>\n");
 }
 
-// ---- Names that a terminal must not see -------------------------------------
+// ---- Control characters -----------------------------------------------------
 
-TEST_F(InspectTest, AFileNameNeverReachesTheTerminalRaw) {
+TEST_F(InspectTest, AFileNameIsEscapedOnTheTerminal) {
     const std::string name = "a\033[2J\n\xff.json";
     const std::string shown = "a\\x1b[2J\\x0a\ufffd.json";
     folder.write(name, UNREADY);
@@ -252,7 +253,7 @@ TEST_F(InspectTest, AFileNameNeverReachesTheTerminalRaw) {
                "qvgraph: " + shown + ": 2 nodes, 2 of them not ready\n");
     AssertFails({"inspect", name + "x"}, "cannot read " + shown + "x: No such file or directory");
     AssertFails({"inspect", name, "--pipe", "7"},
-                shown + ": there is no pipe 7: the configuration has 1, with the index 0");
+                shown + ": there is no pipe 7: the configuration has 1 pipe, with the index 0");
     folder.write(name, "{}");
     AssertRuns({"inspect", "--format", "json", name},
                0,
@@ -264,7 +265,7 @@ TEST_F(InspectTest, AFileNameNeverReachesTheTerminalRaw) {
                "");
 }
 
-TEST_F(InspectTest, AnErrorTextNeverReachesTheTerminalRaw) {
+TEST_F(InspectTest, AnErrorTextIsEscapedOnTheTerminal) {
     folder.write("evil.json", "f\033[0m");
     AssertFails({"inspect", "evil.json"},
                 "evil.json: parse error: expected false, got f\\x1b[0m (see qvgraph check)");

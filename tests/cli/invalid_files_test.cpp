@@ -1,5 +1,5 @@
-// Each broken file of tests/data/invalid, with the report that stands beside
-// it, and each example, which has nothing but notes.
+// Every file of tests/data/invalid has the report next to it, and the examples have only
+// notes.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -24,7 +24,7 @@ std::vector<std::string> filesIn(const std::string& folder) {
 
 class InvalidFilesTest : public CommandTest {};
 
-TEST_F(InvalidFilesTest, AreReportedAsTheTextBesideThemSays) {
+TEST_F(InvalidFilesTest, EveryInvalidFileHasItsReport) {
     const std::string invalid = QVGRAPH_TEST_DATA "/invalid";
     ASSERT_GE(filesIn(invalid).size(), 10U);
     request.folder = invalid;
@@ -34,7 +34,7 @@ TEST_F(InvalidFilesTest, AreReportedAsTheTextBesideThemSays) {
     }
 }
 
-TEST_F(InvalidFilesTest, NoExampleIsAmongThem) {
+TEST_F(InvalidFilesTest, TheExamplesHaveOnlyNotes) {
     ASSERT_GE(filesIn(QVGRAPH_EXAMPLES).size(), 5U);
     for (const std::string& name : filesIn(QVGRAPH_EXAMPLES)) {
         const std::string path = QVGRAPH_EXAMPLES "/" + name + ".json";

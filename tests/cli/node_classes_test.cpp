@@ -1,4 +1,4 @@
-// The node classes that `qvgraph inspect` sets nodes up with.
+// The node classes with which `qvgraph inspect` sets up nodes.
 #include <string>
 
 #include "tests/cli/command_test.h"
@@ -41,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(NodeClassesTest, StubsStandInForAllClasses) {
+TEST_F(NodeClassesTest, StubsStandInForUnregisteredClasses) {
     const std::string nodes = R"(
     0  node_0  id 0  Blender#main, class Blender
          ready
@@ -56,7 +56,7 @@ TEST_F(NodeClassesTest, StubsStandInForAllClasses) {
     EXPECT_EQ(NodesWith({"--stub"}), nodes);
 }
 
-TEST_F(NodeClassesTest, ClassesOfALibraryAreUsedAndMarked) {
+TEST_F(NodeClassesTest, NodesOfRegisteredClassesAreMarked) {
     EXPECT_EQ(NodesWith({"--plugin", BLENDER}), R"(
     0  node_0  id 0  Blender#main, class Blender (registered)
          ready
@@ -69,7 +69,7 @@ TEST_F(NodeClassesTest, ClassesOfALibraryAreUsedAndMarked) {
 )");
 }
 
-TEST_F(NodeClassesTest, WithoutStubsNodesOfOtherClassesAreNotCreated) {
+TEST_F(NodeClassesTest, WithoutStubsNodesOfUnregisteredClassesAreNotCreated) {
     EXPECT_EQ(NodesWith({"--no-stub", "--plugin", BLENDER}), R"(
     0  node_0  id 0  Blender#main, class Blender (registered)
          ready
@@ -82,8 +82,8 @@ TEST_F(NodeClassesTest, WithoutStubsNodesOfOtherClassesAreNotCreated) {
     EXPECT_EQ(Run({"inspect", "--no-stub", "--plugin", BLENDER, "blend.json"}).exitCode, 1);
 }
 
-// What its classes call is the command's; its store need not be.
-TEST_F(NodeClassesTest, AClassMayBeWhollyADevices) {
+// The library uses the framework functions of the command, but its own option store.
+TEST_F(NodeClassesTest, AClassMayHaveItsOwnStore) {
     const std::string options =
         R"("stream_opts": {"stream_output": "image", "stream_fmt_out": "f"},
            "node_opts_extra": {"i": 5, "l": "int64:6", "r": "float:0.5", "no": true})";
@@ -114,7 +114,7 @@ pipe_0: index 0, 0 executor threads, default link mode none
     EXPECT_EQ(WithoutLines(result.err), "Lens error initialize:<line>: node 0 has no lens\n");
 }
 
-TEST_F(NodeClassesTest, AClassMayAssert) {
+TEST_F(NodeClassesTest, AFailedAssertionOfAClassIsReported) {
     folder.write("lens.json", R"({"pipe_0": {"node_1": {
         "node_opts": {"node_name": "Lens"},
         "stream_opts": {"stream_output": "image", "stream_fmt_out": "f"}}}})");
@@ -126,7 +126,7 @@ TEST_F(NodeClassesTest, AClassMayAssert) {
               std::string::npos);
 }
 
-TEST_F(NodeClassesTest, ListsClassesAndWhereTheyComeFrom) {
+TEST_F(NodeClassesTest, ListsClassesWithTheirLibraries) {
     AssertRuns({"inspect", "--classes"},
                0,
                "no node classes are registered\n"
@@ -153,17 +153,16 @@ TEST_F(NodeClassesTest, ListsClassesAsJson) {
 )");
 }
 
-TEST_F(NodeClassesTest, ALibraryThatCannotBeLoadedEndsTheCommand) {
-    folder.write("text.so", "no library, for all its name");
+TEST_F(NodeClassesTest, FailsIfALibraryCannotBeLoaded) {
+    folder.write("text.so", "not a library");
     AssertFails({"inspect", "--plugin", "text.so", "blend.json"},
                 "cannot load text.so: " + folder.path("text.so") + ": file too short");
     AssertFails({"inspect", "--plugin", "", "blend.json"}, "cannot load '': Invalid argument");
-    AssertFails(
-        {"inspect", "--plugin", BLENDER, "--plugin", BLENDER, "blend.json"},
-        "cannot load " + BLENDER + ": the class 'Blender' is registered already, by " + BLENDER);
+    AssertFails({"inspect", "--plugin", BLENDER, "--plugin", BLENDER, "blend.json"},
+                "cannot load " + BLENDER + ": class 'Blender' is already registered by " + BLENDER);
 }
 
-TEST_F(NodeClassesTest, OptionsThatContradictEachOther) {
+TEST_F(NodeClassesTest, RejectsOptionsThatExcludeEachOther) {
     AssertFails({"inspect", "--stub", "--no-stub", "blend.json"},
                 "--stub excludes --no-stub (see qvgraph inspect --help)");
     AssertFails({"inspect", "--classes", "blend.json"},

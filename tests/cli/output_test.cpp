@@ -1,4 +1,4 @@
-// Where `qvgraph inspect` writes its report.
+// The output file of `qvgraph inspect`.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,7 +22,7 @@ protected:
         folder.write("bad.json", UNREADY);
     }
 
-    // Writes that report, and nothing on standard output.
+    // Expects the report in the file, and nothing on standard output.
     void AssertWrites(const std::string& output, const std::string& name) {
         AssertRuns({"inspect", "-o", output, "door.json"}, 0, "", "");
         EXPECT_EQ(folder.read(name), REPORT);
@@ -58,7 +58,7 @@ TEST_F(OutputTest, WritesJsonToAFile) {
               "}\n");
 }
 
-TEST_F(OutputTest, ANodeThatIsNotReadyIsReportedAllTheSame) {
+TEST_F(OutputTest, TheReportIsWrittenEvenIfANodeIsNotReady) {
     AssertRuns({"inspect", "-o", "report.txt", "bad.json"},
                1,
                "",
@@ -66,15 +66,15 @@ TEST_F(OutputTest, ANodeThatIsNotReadyIsReportedAllTheSame) {
     EXPECT_EQ(folder.read("report.txt"), std::string("bad.json") + UNREADY_TEXT);
 }
 
-TEST_F(OutputTest, ADashIsStandardOutput) {
+TEST_F(OutputTest, ADashMeansStandardOutput) {
     AssertRuns({"inspect", "-o", "-", "door.json"}, 0, REPORT, "");
     EXPECT_EQ(folder.names(), (Names{"bad.json", "door.json"}));
 }
 
-// ---- Files that are there already -------------------------------------------
+// ---- Existing files ---------------------------------------------------------
 
 TEST_F(OutputTest, ReplacesAFileAndKeepsItsPermissions) {
-    folder.write("report.txt", "a longer report than the one that comes" + REPORT);
+    folder.write("report.txt", "longer than the report that replaces it" + REPORT);
     for (const mode_t mode : {0600U, 0644U, 0751U, 0400U}) {
         ASSERT_EQ(chmod(folder.path("report.txt").c_str(), mode), 0);
         AssertWrites("report.txt", "report.txt");
@@ -83,7 +83,7 @@ TEST_F(OutputTest, ReplacesAFileAndKeepsItsPermissions) {
     EXPECT_EQ(folder.names(), (Names{"bad.json", "door.json", "report.txt"}));
 }
 
-TEST_F(OutputTest, ANewFileHasThePermissionsOfNewFiles) {
+TEST_F(OutputTest, ANewFileHasDefaultPermissions) {
     const mode_t mask = umask(027);
     AssertWrites("report.txt", "report.txt");
     umask(mask);
@@ -99,7 +99,7 @@ TEST_F(OutputTest, DoesNotReplaceItsInput) {
     EXPECT_EQ(folder.read("door.json"), READY);
 }
 
-TEST_F(OutputTest, ALinkStaysAndLeadsToTheReport) {
+TEST_F(OutputTest, ALinkIsKeptAndItsTargetIsReplaced) {
     fs::create_directory(folder.path("reports"));
     folder.write("reports/door.txt", "old");
     fs::create_symlink("reports/door.txt", folder.path("report.txt"));
@@ -108,7 +108,7 @@ TEST_F(OutputTest, ALinkStaysAndLeadsToTheReport) {
     EXPECT_EQ(folder.names(), (Names{"bad.json", "door.json", "report.txt", "reports"}));
 }
 
-TEST_F(OutputTest, ALinkMayLeadToAFileThatIsStillToCome) {
+TEST_F(OutputTest, TheTargetOfALinkNeedNotExist) {
     fs::create_symlink("later.txt", folder.path("link.txt"));
     fs::create_symlink("link.txt", folder.path("report.txt"));
     AssertWrites("report.txt", "later.txt");
@@ -116,7 +116,7 @@ TEST_F(OutputTest, ALinkMayLeadToAFileThatIsStillToCome) {
     EXPECT_EQ(fs::read_symlink(folder.path("link.txt")), "later.txt");
 }
 
-TEST_F(OutputTest, LinksInACircleAreNotReplaced) {
+TEST_F(OutputTest, ACycleOfLinksIsNotReplaced) {
     fs::create_symlink("b.txt", folder.path("a.txt"));
     fs::create_symlink("a.txt", folder.path("b.txt"));
     AssertFails({"inspect", "-o", "a.txt", "door.json"},
@@ -124,7 +124,7 @@ TEST_F(OutputTest, LinksInACircleAreNotReplaced) {
     EXPECT_EQ(fs::read_symlink(folder.path("a.txt")), "b.txt");
 }
 
-TEST_F(OutputTest, ANameMayBeAsLongAsNamesCanBe) {
+TEST_F(OutputTest, AFileNameMayHaveTheMaximumLength) {
     const std::string name(255, 'r');
     AssertWrites(name, name);
 }
@@ -149,21 +149,21 @@ TEST_F(OutputTest, WritesToAFifo) {
     EXPECT_TRUE(fs::is_fifo(folder.path("fifo")));
 }
 
-// ---- What cannot be written -------------------------------------------------
+// ---- Failures ---------------------------------------------------------------
 
-TEST_F(OutputTest, StandardOutputMayBeFull) {
+TEST_F(OutputTest, AFullStandardOutputIsReported) {
     request.out = {Kind::File, "/dev/full"};
     AssertFails({"inspect", "door.json"}, "cannot write standard output: No space left on device");
     AssertFails({"inspect", "-o", "-", "bad.json"},
                 "cannot write standard output: No space left on device");
 }
 
-TEST_F(OutputTest, StandardOutputMayBeClosed) {
+TEST_F(OutputTest, AClosedStandardOutputIsReported) {
     request.out.kind = Kind::Closed;
     AssertFails({"inspect", "door.json"}, "cannot write standard output: Bad file descriptor");
 }
 
-TEST_F(OutputTest, SaysWhyAFileCannotBeWritten) {
+TEST_F(OutputTest, ReportsWhyAFileCannotBeWritten) {
     AssertFails({"inspect", "-o", "/dev/full", "door.json"},
                 "cannot write /dev/full: No space left on device");
     AssertFails({"inspect", "-o", folder.path(), "door.json"},
@@ -175,7 +175,7 @@ TEST_F(OutputTest, SaysWhyAFileCannotBeWritten) {
                 "cannot write " + folder.path("door.json/report.txt") + ": Not a directory");
 }
 
-TEST_F(OutputTest, AFailedWriteLeavesWhatWasThere) {
+TEST_F(OutputTest, AFailedWriteKeepsTheOldContent) {
     folder.write("report.txt", "old");
     request.maxFileSize = 16;
     AssertFails({"inspect", "-o", folder.path("report.txt"), "door.json"},
@@ -184,24 +184,24 @@ TEST_F(OutputTest, AFailedWriteLeavesWhatWasThere) {
     EXPECT_EQ(folder.names(), (Names{"bad.json", "door.json", "report.txt"}));
 }
 
-TEST_F(OutputTest, AFailedWriteMakesNoNewFile) {
+TEST_F(OutputTest, AFailedWriteCreatesNoFile) {
     request.maxFileSize = 16;
     AssertFails({"inspect", "-o", folder.path("report.txt"), "door.json"},
                 "cannot write " + folder.path("report.txt") + ": File too large");
     EXPECT_EQ(folder.names(), (Names{"bad.json", "door.json"}));
 }
 
-TEST_F(OutputTest, WithoutADocumentNothingIsWritten) {
+TEST_F(OutputTest, NothingIsWrittenIfThereIsNothingToReport) {
     folder.write("report.txt", "old");
     folder.write("broken.json", "{");
     AssertFails({"inspect", "-o", "report.txt", "broken.json"},
                 "broken.json: unexpected end of input (see qvgraph check)");
     AssertFails({"inspect", "-o", "report.txt", "--pipe", "1", "door.json"},
-                "door.json: there is no pipe 1: the configuration has 1, with the index 0");
+                "door.json: there is no pipe 1: the configuration has 1 pipe, with the index 0");
     EXPECT_EQ(folder.read("report.txt"), "old");
 }
 
-TEST_F(OutputTest, TheNameOfAFileNeverReachesTheTerminalRaw) {
+TEST_F(OutputTest, AFileNameIsEscapedOnTheTerminal) {
     AssertFails({"inspect", "-o", folder.path("\033[2J/\xff"), "door.json"},
                 "cannot write " + folder.path("\\x1b[2J/\ufffd") + ": No such file or directory");
 }

@@ -1,4 +1,4 @@
-// Colour: where, and where not.
+// When the command uses colour.
 #include <string>
 #include <vector>
 
@@ -41,18 +41,18 @@ protected:
     }
 };
 
-TEST_F(TerminalTest, ATerminalGetsColour) {
+TEST_F(TerminalTest, UsesColourOnATerminal) {
     AssertPrints({}, COLOURED);
     AssertPrints({"--color", "auto"}, COLOURED);
 }
 
-TEST_F(TerminalTest, APipeGetsNone) {
+TEST_F(TerminalTest, UsesNoColourInAPipe) {
     request.out.kind = Kind::Pipe;
     AssertPrints({}, PLAIN);
     AssertPrints({"--color", "auto"}, PLAIN);
 }
 
-TEST_F(TerminalTest, ColourMayBeAskedForAndRefused) {
+TEST_F(TerminalTest, TheColorOptionOverridesTheTerminal) {
     AssertPrints({"--color", "never"}, PLAIN);
     request.out.kind = Kind::Pipe;
     AssertPrints({"--color", "always"}, COLOURED);
@@ -66,31 +66,31 @@ TEST_F(TerminalTest, NoColorTurnsColourOff) {
     AssertPrints({"--color", "always"}, COLOURED);
 }
 
-TEST_F(TerminalTest, AnEmptyNoColorSaysNothing) {
+TEST_F(TerminalTest, AnEmptyNoColorHasNoEffect) {
     request.environment = {"TERM=xterm", "NO_COLOR="};
     AssertPrints({}, COLOURED);
 }
 
-TEST_F(TerminalTest, ADumbTerminalGetsNoColour) {
+TEST_F(TerminalTest, UsesNoColourOnADumbTerminal) {
     request.environment = {"TERM=dumb"};
     AssertPrints({}, PLAIN);
     AssertPrints({"--color", "always"}, COLOURED);
 }
 
-TEST_F(TerminalTest, ATerminalWithoutANameGetsNoColour) {
+TEST_F(TerminalTest, UsesNoColourIfTermIsNotSet) {
     request.environment = {};
     request.withoutEnvironment = {"NO_COLOR", "TERM"};
     AssertPrints({}, PLAIN);
 }
 
-TEST_F(TerminalTest, AFileGetsColourOnlyWhenAskedFor) {
+TEST_F(TerminalTest, UsesColourInAFileOnlyIfRequested) {
     AssertPrints({"-o", "report.txt"}, "");
     EXPECT_EQ(folder.read("report.txt"), PLAIN);
     AssertPrints({"-o", "report.txt", "--color", "always"}, "");
     EXPECT_EQ(folder.read("report.txt"), COLOURED);
 }
 
-TEST_F(TerminalTest, JsonGetsNoColour) {
+TEST_F(TerminalTest, JsonHasNoColour) {
     const ProcessResult result =
         Run({"inspect", "door.json", "--format", "json", "--color", "always"});
     EXPECT_EQ(result.out.find('\033'), std::string::npos) << result.out;
@@ -107,7 +107,7 @@ const char* const COLOURED_RECORDS =
     "failed to json11::Json::parse(...), err=unexpected end of input\033[0m\n"
     "qvgraph: broken.json: unexpected end of input (see qvgraph check)\n";
 
-TEST_F(TerminalTest, RecordsGetColourByTheirOwnStream) {
+TEST_F(TerminalTest, TheColourOfRecordsDependsOnStandardError) {
     EXPECT_EQ(Records({}), COLOURED_RECORDS);
     EXPECT_EQ(Records({"--color", "never"}), RECORDS);
     request.err.kind = Kind::Pipe;

@@ -1,6 +1,8 @@
-// How the command is called, and what it says of wrong calls.
+// The arguments of the command, and its messages about wrong usage.
 #include <regex>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "tests/cli/command_test.h"
 
@@ -10,7 +12,7 @@ class UsageTest : public CommandTest {
 protected:
     UsageTest() { folder.write("door.json", READY); }
 
-    // Succeeds, and prints a text that begins so.
+    // Expects success, and output that begins with `beginning`.
     void AssertPrints(const std::vector<std::string>& arguments, const std::string& beginning) {
         const ProcessResult result = Run(arguments);
         EXPECT_EQ(result.out.substr(0, beginning.size()), beginning);
@@ -19,16 +21,16 @@ protected:
     }
 };
 
-const char* const COMMAND_HELP = R"(Graph configurations of stream-processing pipes, on the desk.
+const char* const COMMAND_HELP = R"(Inspect, check and draw graph configurations.
 
 Examples:
-  qvgraph inspect pipes.json        what a framework makes of a configuration
+  qvgraph inspect pipes.json        show how the framework interprets it
 )";
 
-const char* const INSPECT_HELP = R"(Show what a framework makes of a configuration.
+const char* const INSPECT_HELP = R"(Show how the framework interprets a configuration.
 
 Examples:
-  qvgraph inspect pipes.json                      the whole, for people
+  qvgraph inspect pipes.json                     show all pipes
 )";
 
 TEST_F(UsageTest, HelpBeginsWithExamples) {
@@ -38,16 +40,30 @@ TEST_F(UsageTest, HelpBeginsWithExamples) {
     AssertPrints({"inspect", "-h"}, INSPECT_HELP);
 }
 
-TEST_F(UsageTest, HelpWinsOverWhatElseIsGiven) {
+TEST_F(UsageTest, HelpTakesPrecedenceOverOtherArguments) {
     AssertPrints({"inspect", "missing.json", "--help"}, INSPECT_HELP);
 }
 
-TEST_F(UsageTest, HelpListsEveryVerbByOneLine) {
+TEST_F(UsageTest, HelpListsEveryVerbOnOneLine) {
     const std::string help = Run({"--help"}).out;
     const std::string verbs =
         "Verbs:\n"
-        "  inspect               Show what a framework makes of a configuration.\n";
+        "  inspect               Show how the framework interprets a configuration.\n";
     EXPECT_NE(help.find(verbs), std::string::npos) << help;
+}
+
+TEST_F(UsageTest, HelpFitsAnEightyColumnTerminal) {
+    for (const char* verb : {"", "inspect", "check", "draw", "explain", "schema"}) {
+        const bool isVerb = *verb != '\0';
+        std::istringstream help(
+            Run(isVerb ? std::vector<std::string>{verb, "--help"} : std::vector<std::string>{"-h"})
+                .out);
+        int lines = 0;
+        for (std::string line; std::getline(help, line); ++lines) {
+            EXPECT_LE(line.size(), 80U) << line;
+        }
+        EXPECT_GT(lines, 10) << verb;
+    }
 }
 
 TEST_F(UsageTest, HelpNamesEveryOptionOfInspect) {
@@ -64,7 +80,7 @@ TEST_F(UsageTest, HelpNamesEveryOptionOfInspect) {
     }
 }
 
-TEST_F(UsageTest, TellsItsVersionAndThoseOfItsLibraries) {
+TEST_F(UsageTest, PrintsTheVersionsOfTheCommandAndItsLibraries) {
     const ProcessResult result = Run({"--version"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err, "");
@@ -73,30 +89,30 @@ TEST_F(UsageTest, TellsItsVersionAndThoseOfItsLibraries) {
     EXPECT_TRUE(std::regex_match(result.out, versions)) << result.out;
 }
 
-TEST_F(UsageTest, WantsAVerb) {
+TEST_F(UsageTest, RequiresAVerb) {
     AssertFails({}, "a verb is missing (see qvgraph --help)");
     AssertFails({"check-out"}, "there is no verb 'check-out' (see qvgraph --help)");
     AssertFails({"Inspect"}, "there is no verb 'Inspect' (see qvgraph --help)");
 }
 
-TEST_F(UsageTest, WantsAFile) {
+TEST_F(UsageTest, RequiresAFile) {
     AssertFails({"inspect"}, "FILE is required (see qvgraph inspect --help)");
     AssertFails({"inspect", "--format", "json"}, "FILE is required (see qvgraph inspect --help)");
 }
 
-TEST_F(UsageTest, WantsOneFile) {
+TEST_F(UsageTest, AcceptsOnlyOneFile) {
     AssertFails({"inspect", "door.json", "other.json"},
                 "The following argument was not expected: other.json (see qvgraph inspect --help)");
 }
 
-TEST_F(UsageTest, WantsOptionsThatItKnows) {
+TEST_F(UsageTest, RejectsUnknownOptions) {
     AssertFails({"inspect", "--loud", "door.json"},
                 "The following argument was not expected: --loud (see qvgraph inspect --help)");
     AssertFails({"inspect", "door.json", "-x"},
                 "The following argument was not expected: -x (see qvgraph inspect --help)");
 }
 
-TEST_F(UsageTest, WantsArgumentsThatItKnows) {
+TEST_F(UsageTest, RejectsUnknownValues) {
     AssertFails({"inspect", "--format", "xml", "door.json"},
                 "--format: xml not in {text,json} (see qvgraph inspect --help)");
     AssertFails({"inspect", "--color", "sometimes", "door.json"},
@@ -105,13 +121,13 @@ TEST_F(UsageTest, WantsArgumentsThatItKnows) {
                 "--output: 1 required TEXT missing (see qvgraph inspect --help)");
 }
 
-TEST_F(UsageTest, AnArgumentNeverReachesTheTerminalRaw) {
+TEST_F(UsageTest, AnArgumentIsEscapedOnTheTerminal) {
     AssertFails({"inspect", "door.json", "\033[2J\n\xff"},
                 "The following argument was not expected: \\x1b[2J\\x0a\ufffd"
                 " (see qvgraph inspect --help)");
 }
 
-TEST_F(UsageTest, AfterTwoDashesComesAFile) {
+TEST_F(UsageTest, ArgumentsAfterTwoDashesAreFiles) {
     folder.write("-v", READY);
     AssertRuns({"inspect", "--", "-v"}, 0, std::string("-v") + READY_TEXT, "");
 }

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# What an interactive bash offers where the tab key is pressed behind LINE, one
-# a line, sorted:
+# Prints the completions that an interactive bash offers for the tab key after LINE, one
+# per line, sorted:
 #
 #   complete.bash COMPLETIONS LINE
 #
-# COMPLETIONS is the file to try, on the qvgraph that is first in PATH.
+# COMPLETIONS is the file to test. It completes the first qvgraph in PATH.
 set -euo pipefail
 
 work=$(mktemp -d)
@@ -17,7 +17,7 @@ offered() {
 }
 complete -F offered qvgraph
 RC
-# Tab; control-U, so that nothing runs; and the end.
+# Types a tab, then control-U so that nothing runs, then exits.
 printf '%s\t\025\nexit\n' "$2" |
     HISTFILE='' bash --noprofile --rcfile "$work/rc" -i >"$work/log" 2>&1
 [ ! -e "$work/offered" ] || LC_ALL=C sort -u "$work/offered"

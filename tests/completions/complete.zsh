@@ -1,10 +1,10 @@
-# What an interactive zsh offers where the tab key is pressed behind LINE, one a
-# line, sorted:
+# Prints the completions that an interactive zsh offers for the tab key after LINE, one
+# per line, sorted:
 #
 #   zsh -f complete.zsh COMPLETIONS LINE
 #
-# COMPLETIONS is the folder with the function to try, on the qvgraph that is
-# first in PATH.
+# COMPLETIONS is the directory of the function to test. It completes the first qvgraph
+# in PATH.
 emulate -R zsh
 zmodload zsh/zpty
 
@@ -18,7 +18,7 @@ fpath=(${(q)1} \$fpath)
 autoload -Uz compinit
 compinit -u -D
 exec 9>${(q)work}/offered
-# Tells what is added. With -O, -A and -D a helper asks, and adds nothing.
+# Reports the added completions. With -O, -A and -D, compadd adds none.
 compadd() {
     local -a added
     if (( ! \${@[(I)-[OAD]]} )); then
@@ -27,8 +27,8 @@ compadd() {
     fi
     builtin compadd "\$@"
 }
-told() { print -u 9 -- end }
-comppostfuncs=(told)
+finished() { print -u 9 -- end }
+comppostfuncs=(finished)
 bindkey '^I' complete-word
 RC
 

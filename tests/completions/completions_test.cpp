@@ -1,11 +1,11 @@
-// What the tab key offers behind "qvgraph", in a real bash and a real zsh.
+// The completions that the tab key offers after "qvgraph", in a real bash and a real zsh.
 #include <filesystem>
 #include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "check/rule.h"
+#include "check/rules.h"
 #include "tests/cli/command_test.h"
 
 namespace {
@@ -26,7 +26,7 @@ Words sorted(Words words) {
     return words;
 }
 
-// A shell, and how a test of this folder asks it.
+// A shell, and the command that asks it for completions.
 struct Shell {
     const char* name;
     Words command;
@@ -53,7 +53,7 @@ protected:
         }
     }
 
-    // The command under test, as the first "qvgraph" in PATH.
+    // A script that runs the command under test, for the first "qvgraph" in PATH.
     static std::string Script() {
         std::string script = "#!/bin/sh\nexec";
         for (const std::string& word : Emulator()) {
@@ -77,7 +77,7 @@ protected:
         EXPECT_EQ(Offered(line), words) << line;
     }
 
-    // The long options in the help of a verb; of the command for "".
+    // The long options in the help of a verb, or of the command for "".
     Words LongOptions(const std::string& verb) {
         const std::string help = Run(verb.empty() ? Words{"--help"} : Words{verb, "--help"}).out;
         Words options;
@@ -90,25 +90,25 @@ protected:
     }
 };
 
-TEST_P(CompletionsTest, Verbs) {
+TEST_P(CompletionsTest, OffersVerbs) {
     AssertOffers("qvgraph ", {"check", "draw", "explain", "inspect", "schema"});
     AssertOffers("qvgraph in", {"inspect"});
     AssertOffers("qvgraph x", {});
 }
 
-TEST_P(CompletionsTest, OptionsOfTheCommand) {
+TEST_P(CompletionsTest, OffersTheOptionsOfTheCommand) {
     AssertOffers("qvgraph --", LongOptions(""));
     AssertOffers("qvgraph --v", {"--version"});
 }
 
-TEST_P(CompletionsTest, OptionsOfEveryVerb) {
+TEST_P(CompletionsTest, OffersTheOptionsOfEveryVerb) {
     for (const char* verb : {"inspect", "check", "draw", "explain", "schema"}) {
         AssertOffers(std::string("qvgraph ") + verb + " --", LongOptions(verb));
     }
     AssertOffers("qvgraph check -q --fa", {"--fail-on"});
 }
 
-TEST_P(CompletionsTest, Formats) {
+TEST_P(CompletionsTest, OffersFormats) {
     AssertOffers("qvgraph inspect --format ", {"json", "text"});
     AssertOffers("qvgraph check --format ", {"gcc", "github", "json", "sarif", "text"});
     AssertOffers("qvgraph draw --format ", {"dot", "html", "mermaid", "png", "svg"});
@@ -116,17 +116,17 @@ TEST_P(CompletionsTest, Formats) {
     AssertOffers("qvgraph check --format=js", {"json"});
 }
 
-TEST_P(CompletionsTest, OtherValues) {
+TEST_P(CompletionsTest, OffersTheValuesOfOtherOptions) {
     AssertOffers("qvgraph check --fail-on ", {"error", "note", "warning"});
     AssertOffers("qvgraph check --color ", {"always", "auto", "never"});
     AssertOffers("qvgraph inspect --color a", {"always", "auto"});
     AssertOffers("qvgraph draw --pipe ", {});
 }
 
-TEST_P(CompletionsTest, EveryRule) {
+TEST_P(CompletionsTest, OffersEveryRule) {
     Words codes;
-    for (const qvgraph::Rule& rule : qvgraph::rules()) {
-        codes.emplace_back(rule.code);
+    for (const qvgraph::Rule* rule : qvgraph::rules()) {
+        codes.emplace_back(rule->code);
     }
     AssertOffers("qvgraph explain ", sorted(codes));
     AssertOffers("qvgraph check --select ", sorted(codes));
@@ -135,14 +135,14 @@ TEST_P(CompletionsTest, EveryRule) {
     AssertOffers("qvgraph check --ignore=key", {"key-order"});
 }
 
-TEST_P(CompletionsTest, TheLastOfSeveralRules) {
-    // bash replaces the whole word, zsh what stands behind the comma.
-    const bool whole = std::string(GetParam().name) == "bash";
+TEST_P(CompletionsTest, CompletesTheLastOfSeveralRules) {
+    // bash replaces the complete word, zsh only the part after the comma.
+    const bool replacesWord = std::string(GetParam().name) == "bash";
     AssertOffers("qvgraph check --ignore no-pipes,key",
-                 {whole ? "no-pipes,key-order" : "key-order"});
+                 {replacesWord ? "no-pipes,key-order" : "key-order"});
 }
 
-TEST_P(CompletionsTest, Configurations) {
+TEST_P(CompletionsTest, OffersConfigurations) {
     folder.write("door.json", "");
     folder.write("door.svg", "");
     AssertOffers("qvgraph check d", {"door.json"});
@@ -152,12 +152,12 @@ TEST_P(CompletionsTest, Configurations) {
     AssertOffers("qvgraph check -- d", {"door.json"});
 }
 
-TEST_P(CompletionsTest, AnyFileWhereNoneEndsInJson) {
+TEST_P(CompletionsTest, OffersAllFilesIfThereIsNoJson) {
     folder.write("door.conf", "");
     AssertOffers("qvgraph check d", {"door.conf"});
 }
 
-TEST_P(CompletionsTest, FilesOfOptions) {
+TEST_P(CompletionsTest, OffersTheFilesThatAnOptionNeeds) {
     folder.write("door.json", "");
     folder.write("door.svg", "");
     folder.write("libdoor.so", "");

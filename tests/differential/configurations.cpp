@@ -7,7 +7,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-// Each as it stands in the text, between its quotes.
+// Each as it appears in the text, between the quotes.
 const Words ODD_SUFFIXES = {"",           "0",           "1",          "2", "10",      "03",
                             "-1",         "+2",          " 7",         "x", "1x",      "0x10",
                             "9999999999", "-9999999999", "2147483648", "é", "\\u0000", "%s%n",
@@ -134,7 +134,7 @@ const Words ODD_TEXTS = {"[]",
                          "[\"stream_input\"]",
                          "0.5"};
 
-// One configuration in the making. Members are pairs of texts.
+// Builds one configuration. Members are pairs of strings.
 class Maker {
 public:
     Maker(Random* source, size_t oddity) : random(*source), oddIn(oddity) {}
@@ -151,7 +151,7 @@ public:
 private:
     using Members = std::vector<std::pair<std::string, std::string>>;
 
-    // Once in `oddIn`; never for what is to be valid.
+    // True once in `oddIn`, on average; never for a valid configuration.
     bool odd() { return random.oneIn(oddIn); }
 
     std::string index(size_t number) {
@@ -290,7 +290,7 @@ private:
         if (random.oneIn(3)) {
             return random.oneOf(TEXTS);
         }
-        // A tab cannot stand in a JSON string.
+        // A JSON string cannot contain a tab.
         const std::string value = random.oneOf(TYPED_VALUES);
         return random.oneOf(TYPES) + ":" + (value[0] == '\t' ? "\\t" + value.substr(1) : value);
     }

@@ -8,7 +8,8 @@
 #include <string>
 #include <vector>
 
-// The library's distributions differ between implementations; this does not.
+// The standard library's distributions differ between implementations; this
+// generator does not.
 class Random {
 public:
     explicit Random(uint64_t seed) : engine(seed) {}
@@ -29,14 +30,14 @@ private:
 };
 
 enum class Kind {
-    Valid,    // what a pipeline author means to write
-    Odd,      // wrong types, unusual keys and values, doubled and missing members
-    Mutated,  // one of these with some of its bytes changed
+    Valid,    // what a pipeline author intends to write
+    Odd,      // wrong types, unusual keys and values, duplicate and missing members
+    Mutated,  // one of the above with some bytes changed
 };
 
 std::string randomConfiguration(Random* random, Kind kind);
 
-// An option's string value: with a type word more often than not.
+// The string value of an option, usually with a type word.
 std::string randomOptionText(Random* random);
 
 // The beginning of a key or value, often one that has a meaning.

@@ -1,7 +1,7 @@
-// The parser beside its contract, written down a second time
+// Compares the parser with a second implementation of its contract
 // (tests/support/literal_parser.h): on random configurations, both make the
-// same calls in the same order, log the same records, return and throw the
-// same.
+// same calls in the same order, log the same records, and return and throw the
+// same values.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,10 +18,10 @@
 
 namespace {
 
-// How many scenarios of each kind a run plays, unless told otherwise.
+// The default number of scenarios of each kind in a run.
 const uint64_t SCENARIOS = 1200;
 
-// More for a long run, fewer where each takes long.
+// More for a long run, fewer if each one takes long.
 uint64_t scenarios() {
     const char* const wanted = getenv("QVGRAPH_TEST_SCENARIOS");
     return wanted != nullptr ? strtoull(wanted, nullptr, 10) : SCENARIOS;
@@ -53,7 +53,7 @@ protected:
     }
 
 private:
-    // The first difference, with the lines of the call in which it stands.
+    // The first difference, with the lines of the call that contains it.
     static void Report(const Scenario& scenario, Transcript actual, Transcript expected) {
         actual.emplace_back("(the end)");
         expected.emplace_back("(the end)");
@@ -72,7 +72,7 @@ private:
     const TemporaryFolder folder;
 };
 
-// What stands in a line that tells of one kind of call or result.
+// A part of the line that identifies one kind of call or result.
 const char* const OUTCOMES[] = {
     "err=null input",
     "err=unexpected end of input",
@@ -132,19 +132,19 @@ const char* const OUTCOMES[] = {
 
 }  // namespace
 
-TEST_F(DifferentialTest, ValidConfigurations) {
+TEST_F(DifferentialTest, ParserFollowsItsContractOnValidConfigurations) {
     AssertTheSame(Kind::Valid);
 }
 
-TEST_F(DifferentialTest, OddConfigurations) {
+TEST_F(DifferentialTest, ParserFollowsItsContractOnOddConfigurations) {
     AssertTheSame(Kind::Odd);
 }
 
-TEST_F(DifferentialTest, MutatedConfigurations) {
+TEST_F(DifferentialTest, ParserFollowsItsContractOnMutatedConfigurations) {
     AssertTheSame(Kind::Mutated);
 }
 
-TEST_F(DifferentialTest, OptionStrings) {
+TEST_F(DifferentialTest, ParserFollowsItsContractOnOptionStrings) {
     RecordingFramework framework;
     const QVGraphParser parser{};
     const LiteralParser literal{};
@@ -161,19 +161,19 @@ TEST_F(DifferentialTest, OptionStrings) {
     }
 }
 
-// The comparison is worth what its scenarios reach. Which ones those are does
-// not depend on how many of them this run compares.
-TEST_F(DifferentialTest, ScenariosReachEveryOutcome) {
+// The comparison is only as good as the outcomes that its scenarios reach. This
+// test does not depend on the number of scenarios that the run compares.
+TEST_F(DifferentialTest, ScenariosCoverEveryOutcome) {
     std::vector<std::string> unreached(std::begin(OUTCOMES), std::end(OUTCOMES));
+    const auto reach = [&unreached](const std::string& line) {
+        std::erase_if(unreached, [&line](const std::string& outcome) {
+            return line.find(outcome) != std::string::npos;
+        });
+    };
     for (uint64_t number = 0; number < SCENARIOS && !unreached.empty(); ++number) {
         for (const Kind kind : {Kind::Odd, Kind::Mutated}) {
-            for (const std::string& line : play<LiteralParser>(ScenarioOf(kind, number))) {
-                const auto isTold = [&line](const std::string& outcome) {
-                    return line.find(outcome) != std::string::npos;
-                };
-                unreached.erase(std::remove_if(unreached.begin(), unreached.end(), isTold),
-                                unreached.end());
-            }
+            const auto lines = play<LiteralParser>(ScenarioOf(kind, number));
+            std::for_each(lines.begin(), lines.end(), reach);
         }
     }
     EXPECT_EQ(unreached, std::vector<std::string>{});

@@ -1,4 +1,4 @@
-// Plays one scenario on a parser, and writes down all that it does.
+// Runs one scenario on a parser, and records everything that the parser does.
 #ifndef QVGRAPH_TESTS_DIFFERENTIAL_PLAY_H_
 #define QVGRAPH_TESTS_DIFFERENTIAL_PLAY_H_
 
@@ -18,24 +18,24 @@
 #include "tests/support/recording_framework.h"
 
 struct Scenario {
-    uint64_t seed;     // of everything but the text
+    uint64_t seed;     // for everything except the text
     std::string text;  // of the configuration
-    std::string file;  // a path whose file holds it; empty: the text is given
-    bool faults;       // calls of the framework throw now and then
+    std::string file;  // path of a file that contains the text; empty: load from text
+    bool faults;       // framework functions occasionally throw
 };
 
-// One line for each call of the parser, each call that it makes, and each
-// result:
+// One line for each call of the parser, each call that the parser makes, and
+// each result:
 //
 //   > initTaskNode 0 3
 //   node_proxy_node_create id=3 in=1 out=0
 //   qv_err 2 18181802 QVGraphParser initTaskNode "..." of <format>
 //   = throws std::logic_error: basic_string::_M_construct null not valid
 //
-// Line numbers of the parser's sources stand there as <line>.
+// Line numbers of the parser's sources appear as <line>.
 using Transcript = std::vector<std::string>;
 
-// A log record, with its line left out of its text too.
+// A log record; its line number is also removed from its text.
 inline std::string textOf(const LogRecord& record) {
     std::string text = record.text;
     const std::string line = std::to_string(record.line);
@@ -53,7 +53,7 @@ inline std::string textOf(const LogRecord& record) {
            record.format;
 }
 
-// Their addresses are part of what is logged, and so the same for all parsers.
+// Their addresses are logged, so all parsers must receive the same ones.
 struct NeverAsked {
     struct Graph : QVTaskGraphConfig {
         int addInputStream(std::string /*name*/) override { abort(); }
@@ -104,7 +104,7 @@ private:
         using runtime_error::runtime_error;
     };
 
-    // Runs at the end of each call that the framework receives.
+    // Called at the end of each framework function.
     void atCall(const std::string& call) {
         const std::string assertion = "qv_err 2 initTaskNode \"\\033[31m\\033[1mAssertion ";
         if (call.compare(0, assertion.size(), assertion) == 0) {
@@ -191,8 +191,8 @@ private:
         }
     }
 
-    // The ids that the keys of this family hold, without repetition, as far as
-    // they name a member; and one that does not.
+    // The distinct ids in the keys of this family that map back to a member, and
+    // one that does not.
     std::vector<int> idsOf(int pipe, const std::string& tag) const {
         std::vector<int> ids = {77};
         const json11::Json& members = parser.root()["pipe_" + std::to_string(pipe)];
@@ -243,7 +243,7 @@ private:
         }
     }
 
-    // As many as are declared, most of the time.
+    // Usually as many as declared.
     size_t managers(const json11::Json& streams, const std::string& tag) {
         size_t count = 0;
         for (const auto& member : streams.object_items()) {
@@ -259,7 +259,7 @@ private:
         call("initTaskNode of nothing", [&] { return parser.initTaskNode(graph, 0, 0, info); });
     }
 
-    // Functions that take a value, with values from anywhere in the document.
+    // Functions with a value argument, with values from anywhere in the document.
     void askValues() {
         json11::Json value = parser.root();
         for (int depth = 0; depth < 5; ++depth) {

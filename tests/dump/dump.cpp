@@ -1,6 +1,6 @@
-// Prints what the parser makes of a table of values: option conversions with
-// what is stored, ids, thread counts, error texts, and every log record. The
-// same text has to come out on every machine.
+// Prints how the parser interprets a table of values: option conversions with the
+// stored values, ids, thread counts, error texts, and every log record. The
+// output must be the same on every machine.
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// Values as they stand in a configuration.
+// Values as they appear in a configuration.
 const char* const OPTIONS[] = {
     // JSON numbers
     "0",
@@ -108,7 +108,7 @@ const char* const OPTIONS[] = {
     R"("double:-1e-320")",
     R"("double:nan")",
     R"("double")",
-    // type words by their hash, and words that are none
+    // type words, and words that are not type words
     "\"int2\xb5:5\"",
     R"("Int32:5")",
     R"("int32 :5")",
@@ -144,7 +144,7 @@ const char* const KEYS[] = {"node_0",
                             "node_0x10",
                             "node_\xc3\xa4"};
 
-// Texts that do not load, or not as one might think.
+// Texts that do not load, or that load with a surprising result.
 const char* const TEXTS[] = {"",
                              " ",
                              "{",
@@ -188,9 +188,9 @@ std::string quoted(const std::string& text) {
     return out + '"';
 }
 
-// json11 prints a plain char as a number where it does not print it as a
-// character: "(-61)" where char is signed, "(195)" where it is not. The number
-// of such a byte is printed as the latter, and the difference is named.
+// json11 prints a plain char that is not printable as a number: "(-61)" if char is
+// signed, "(195)" if it is not. This program prints such a byte as unsigned, and
+// reports the difference.
 std::string withUnsignedChars(const std::string& text) {
     const size_t minus = text.find("(-");
     if (minus == std::string::npos) {

@@ -1,13 +1,13 @@
-# Runs COMMAND in FOLDER and compares its exit code with RESULT (0 when empty)
-# and all that it prints with EXPECTED.txt and, for standard error,
-# EXPECTED.err; a file that is not there expects nothing. What it printed is
-# left in ACTUAL.txt and ACTUAL.err.
+# Runs COMMAND in FOLDER. Compares its exit code with RESULT (0 if empty), its
+# output with EXPECTED.txt, and its standard error with EXPECTED.err; if a file does
+# not exist, no output is expected. Stores the actual output in ACTUAL.txt and
+# ACTUAL.err.
 #
 #   cmake -D "COMMAND=..." -D RESULT=... -D FOLDER=... -D EXPECTED=...
 #         -D ACTUAL=... -P compare.cmake
 #
-# The parser's source changes and loggers differ: records are compared without
-# their line and colour.
+# The parser's source changes and loggers differ, so records are compared without
+# line number and colour.
 cmake_minimum_required(VERSION 3.25)
 
 execute_process(COMMAND ${COMMAND} WORKING_DIRECTORY ${FOLDER}
@@ -17,7 +17,7 @@ string(REGEX REPLACE "${escape}\\[[0-9]+m" "" error "${error}")
 string(REGEX REPLACE "(QVGraphParser [^:]*):[0-9]+:" "\\1:LINE:" error "${error}")
 string(REGEX REPLACE "\\([0-9]+\\): CHECK_UE" "(LINE): CHECK_UE" error "${error}")
 
-# Complains where `text` is not what the file holds.
+# Reports an error if `text` differs from the content of the file.
 function(compare text kind)
     set(expected "")
     if(EXISTS ${EXPECTED}.${kind})

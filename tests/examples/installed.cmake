@@ -1,11 +1,11 @@
 # Installs the project below WORK, builds a copy of the examples against it as a
-# project of their own, and compares what the programs and the installed command
-# print.
+# separate project, and compares the output of the programs and of the installed
+# command.
 #
 #   cmake -D SOURCE=... -D BUILD=... -D WORK=... -D "ARGUMENTS=..."
 #         -D "EMULATOR=..." -P installed.cmake
 #
-# ARGUMENTS go to CMake when it configures the examples.
+# ARGUMENTS are passed to CMake when it configures the examples.
 cmake_minimum_required(VERSION 3.25)
 
 file(REMOVE_RECURSE ${WORK})
@@ -16,11 +16,11 @@ function(run)
         RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
     if(NOT result EQUAL 0)
         list(JOIN ARGV " " command)
-        message(FATAL_ERROR "${command}\nended with ${result}:\n${output}")
+        message(FATAL_ERROR "${command}\nexited with ${result}:\n${output}")
     endif()
 endfunction()
 
-# A copy finds nothing of the project around it but what is installed.
+# A copy can find only the installed files of the project.
 file(COPY ${SOURCE}/examples DESTINATION ${WORK})
 file(COPY ${SOURCE}/tests/examples/data DESTINATION ${WORK}/tests/examples)
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
@@ -28,7 +28,7 @@ run(${CMAKE_COMMAND} -S ${WORK}/examples -B ${WORK}/build ${ARGUMENTS}
     -D CMAKE_PREFIX_PATH=${prefix})
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 
-# All cases are run, so that one failure does not hide another.
+# Every case runs, so that one failure does not hide another.
 function(example name program)
     cmake_parse_arguments(PARSE_ARGV 2 arg "" "RESULT" "ARGUMENTS")
     set(path ${WORK}/build/${program})

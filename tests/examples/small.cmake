@@ -1,9 +1,9 @@
-# Fails when the sources in FOLDER have LIMIT lines or more.
+# Fails if the sources in FOLDER have LIMIT lines or more.
 cmake_minimum_required(VERSION 3.25)
 
 file(GLOB sources ${FOLDER}/*.h ${FOLDER}/*.cpp)
 if(NOT sources)
-    message(FATAL_ERROR "there are no sources in ${FOLDER}")
+    message(FATAL_ERROR "no sources in ${FOLDER}")
 endif()
 set(lines 0)
 foreach(source ${sources})

@@ -1,9 +1,10 @@
-// Memory that runs out, at every single allocation: once, and for ever after.
+// Memory exhaustion at every allocation: only this allocation fails, or this and
+// all later ones.
 //
-// What fails are the allocations of the parser and of the desk's framework. A
-// json11 that was built without exceptions, as Debian's is, cannot be unwound:
-// what is allocated inside Json::parse and Json::dump succeeds here, and the
-// last test shows what happens when it does not.
+// The allocations of the parser and of the host framework fail. A json11 that is
+// built without exceptions, like Debian's, cannot be unwound: allocations inside
+// Json::parse and Json::dump succeed here, and the last test shows what happens
+// if they do not.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -40,7 +41,7 @@ namespace {
 
 bool failsInsideJson11 = false;
 
-// While it exists, memory does not run out.
+// During its lifetime, no allocation fails.
 class WithMemory {
 public:
     WithMemory() : left(failsInsideJson11 ? -1 : allocations.untilFailure.exchange(-1)) {}
@@ -72,7 +73,7 @@ void wrappedDump(const Json* value, std::string& text) {
 
 namespace {
 
-// Members of an option object, of more than a store holds without memory.
+// Members of an option object: more than a store holds without allocating.
 std::string manyOptions() {
     std::string members;
     for (int i = 0; i < 30; ++i) {
@@ -81,7 +82,7 @@ std::string manyOptions() {
     return members;
 }
 
-// Names, formats and options that no string keeps in place.
+// Names, formats and options that are too long for a string's internal buffer.
 const std::string DOCUMENT =
     R"({"pipe_0": {
     "default_mode_link": "a link mode that is not kept in place",
@@ -115,12 +116,12 @@ protected:
 
     using Step = std::function<void()>;
 
-    // Runs `operation` with its first allocation failing, with its second, and
-    // so on until none fails. Each time std::bad_alloc leaves it, nothing is
-    // lost, and `check` finds everything in order. At least `fewest` fail.
+    // Runs `operation` with its first allocation failing, then with its second,
+    // and so on until none fails. Each time, std::bad_alloc propagates, nothing
+    // leaks, and `check` passes. At least `fewest` allocations fail.
     void AssertStandsExhaustion(
         int fewest, const Step& operation, const Step& check = [] {}) {
-        operation();  // makes what is kept for the life of the process
+        operation();  // creates what is kept for the lifetime of the process
         for (const bool once : {true, false}) {
             allocations.failsOnce = once;
             int number = 0;
@@ -137,7 +138,7 @@ protected:
     QVGraphParser loaded;
 
 private:
-    // Whether an allocation failed when only `number` were to succeed.
+    // Whether an allocation failed when only `number` could succeed.
     static bool FailsAt(int number, const Step& operation) {
         const int failed = allocations.failed;
         const int living = allocations.living;
@@ -156,7 +157,7 @@ private:
     }
 };
 
-// With and without records that reach the sink.
+// With and without log records that reach the sink.
 INSTANTIATE_TEST_SUITE_P(Logging,
                          ExhaustionTest,
                          testing::Values(0, int{QV_LOG_INFO}),
@@ -164,7 +165,8 @@ INSTANTIATE_TEST_SUITE_P(Logging,
                              return std::string(level.param == 0 ? "NoRecords" : "AllRecords");
                          });
 
-// A load that ran out of memory leaves the document that was there, or none.
+// After a load that ran out of memory, the parser has the previous document or
+// none.
 class LoadingExhaustionTest : public ExhaustionTest {
 protected:
     using Load = std::function<void(QVGraphParser*)>;
@@ -200,36 +202,36 @@ INSTANTIATE_TEST_SUITE_P(Logging,
                              return std::string(level.param == 0 ? "NoRecords" : "AllRecords");
                          });
 
-TEST_P(LoadingExhaustionTest, Text) {
+TEST_P(LoadingExhaustionTest, LoadingTextFailsCleanly) {
     AssertLoadStandsExhaustion(
         1, [](QVGraphParser* parser) { parser->parseConfigText(OTHER_DOCUMENT); });
 }
 
-TEST_P(LoadingExhaustionTest, MalformedText) {
+TEST_P(LoadingExhaustionTest, LoadingMalformedTextFailsCleanly) {
     AssertLoadStandsExhaustion(1, [](QVGraphParser* parser) {
         parser->parseConfigText("a text that is no JSON and is not kept in place");
     });
 }
 
-TEST_P(LoadingExhaustionTest, NullText) {
+TEST_P(LoadingExhaustionTest, LoadingNullTextFailsCleanly) {
     AssertLoadStandsExhaustion(GetParam() == 0 ? 0 : 1,
                                [](QVGraphParser* parser) { parser->parseConfigText(nullptr); });
 }
 
-TEST_P(LoadingExhaustionTest, File) {
+TEST_P(LoadingExhaustionTest, LoadingAFileFailsCleanly) {
     const std::string path = folder.write("graph.json", OTHER_DOCUMENT);
     AssertLoadStandsExhaustion(
         1, [&](QVGraphParser* parser) { parser->parseConfigFile(path.c_str()); });
 }
 
-TEST_P(LoadingExhaustionTest, MissingFile) {
+TEST_P(LoadingExhaustionTest, LoadingAMissingFileFailsCleanly) {
     const std::string path = folder.path("missing.json");
     AssertLoadStandsExhaustion(GetParam() == 0 ? 0 : 1, [&](QVGraphParser* parser) {
         parser->parseConfigFile(path.c_str());
     });
 }
 
-TEST_P(ExhaustionTest, Counts) {
+TEST_P(ExhaustionTest, CountingFailsCleanly) {
     AssertStandsExhaustion(GetParam() == 0 ? 0 : 1, [this] {
         loaded.getNodeNum(0);
         loaded.getExecNum(0);
@@ -239,7 +241,7 @@ TEST_P(ExhaustionTest, Counts) {
     });
 }
 
-TEST_P(ExhaustionTest, Ids) {
+TEST_P(ExhaustionTest, LookingUpIdsFailsCleanly) {
     AssertStandsExhaustion(GetParam() == 0 ? 0 : 1, [this] {
         loaded.getNodeIDByIndex(0, 0);
         loaded.getExecIDByIndex(0, 0);
@@ -248,16 +250,16 @@ TEST_P(ExhaustionTest, Ids) {
     });
 }
 
-TEST_P(ExhaustionTest, Names) {
+TEST_P(ExhaustionTest, LookingUpNamesFailsCleanly) {
     const Json streams = loaded.root()["pipe_0"]["node_3"]["stream_opts"];
     AssertStandsExhaustion(1, [&] { loaded.getItemNameByIndex(streams, 1, "stream_input_"); });
 }
 
-TEST_P(ExhaustionTest, LinkMode) {
+TEST_P(ExhaustionTest, QueryingTheLinkModeFailsCleanly) {
     AssertStandsExhaustion(1, [this] { loaded.getDefaultLinkMode(0); });
 }
 
-TEST_P(ExhaustionTest, OneOptionAfterTheOther) {
+TEST_P(ExhaustionTest, ConvertingSingleOptionsFailsCleanly) {
     const Json value = std::string(100, 'x');
     const std::vector<const char*> keys = {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j"};
     AssertStandsExhaustion(1, [&] {
@@ -268,21 +270,21 @@ TEST_P(ExhaustionTest, OneOptionAfterTheOther) {
     });
 }
 
-TEST_P(ExhaustionTest, OptionsOfAnExecutor) {
+TEST_P(ExhaustionTest, CopyingExecutorOptionsFailsCleanly) {
     AssertStandsExhaustion(3, [this] {
         QVHostMetaData store;
         loaded.syncExecOptions(&store, 0, 1);
     });
 }
 
-TEST_P(ExhaustionTest, OptionsOfALink) {
+TEST_P(ExhaustionTest, CopyingLinkOptionsFailsCleanly) {
     AssertStandsExhaustion(3, [this] {
         QVHostMetaData store;
         loaded.syncLinkOptions(&store, 0, 2);
     });
 }
 
-TEST_P(ExhaustionTest, NodeSetUp) {
+TEST_P(ExhaustionTest, NodeSetUpFailsCleanly) {
     AssertStandsExhaustion(20, [this] {
         QVHostTaskGraph graph;
         QVNodeOwner node;
@@ -290,7 +292,7 @@ TEST_P(ExhaustionTest, NodeSetUp) {
     });
 }
 
-TEST_P(ExhaustionTest, NodeThatIsRefused) {
+TEST_P(ExhaustionTest, SetUpOfARefusedNodeFailsCleanly) {
     AssertStandsExhaustion(20, [this] {
         QVHostTaskGraph graph;
         graph.addOutputStream("the stream of what comes out of it");
@@ -299,7 +301,7 @@ TEST_P(ExhaustionTest, NodeThatIsRefused) {
     });
 }
 
-TEST_P(ExhaustionTest, NodeThatIsNotThere) {
+TEST_P(ExhaustionTest, SetUpOfAMissingNodeFailsCleanly) {
     AssertStandsExhaustion(GetParam() == 0 ? 0 : 1, [this] {
         QVHostTaskGraph graph;
         QVNodeOwner node;
@@ -313,8 +315,8 @@ const int ALL_IN_ORDER = 0;
 const int NOTHING_FAILED = 1;
 const int OUT_OF_ORDER = 2;
 
-// Loads a document over another while only `number` allocations succeed, those
-// inside json11 among them, and leaves the process.
+// Replaces a document while only `number` allocations succeed, including those
+// inside json11, and exits the process.
 [[noreturn]] void loadAndLeave(int number, bool once) {
     QVGraphParser parser;
     parser.parseConfigText(DOCUMENT.c_str());
@@ -335,7 +337,7 @@ const int OUT_OF_ORDER = 2;
     _exit(inOrder && parser.parseConfigText(OTHER_DOCUMENT) == 0 ? ALL_IN_ORDER : OUT_OF_ORDER);
 }
 
-// Where frames without tables cannot be unwound, the process ends.
+// The process terminates if frames without unwind tables cannot be unwound.
 bool isInOrder(int status) {
 #ifdef __arm__
     if (WIFSIGNALED(status)) {
@@ -345,7 +347,7 @@ bool isInOrder(int status) {
     return WIFEXITED(status) && WEXITSTATUS(status) == ALL_IN_ORDER;
 }
 
-TEST(Json11ExhaustionTest, WhatFailsInsideLeavesNoWrongDocument) {
+TEST(Json11ExhaustionTest, FailureInsideJson11LeavesNoWrongDocument) {
     const QVLogScope log(0, [](const QVLogRecord&) {});
     QVGraphParser parser;
     parser.parseConfigText(OTHER_DOCUMENT);

@@ -1,4 +1,4 @@
-// The contract headers by themselves.
+// The contract headers on their own.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -18,7 +18,7 @@
 #include "tests/support/aborts.h"
 #include "tests/support/recording_framework.h"
 
-// As a source of the parser would.
+// As a source file of the parser defines them.
 #define QV_LOG_MODULE 0x18181802U
 #define QV_LOG_TAG "QVGraphParser"
 #define QV_LOG_FUNCTION "contract"
@@ -71,7 +71,7 @@ static_assert(
     hasType<int (N::*)(int, _QVTaskNodeInfo*, const Inputs&, const Outputs&)>(&N::initialize));
 static_assert(hasType<QvMetaData * N::*>(&N::mOptions));
 
-// Frameworks derive all of these, and destroy them through their bases.
+// Frameworks derive from all of these, and destroy objects through their bases.
 template <typename Base>
 constexpr bool isBase() {
     return std::is_abstract<Base>::value && std::has_virtual_destructor<Base>::value &&
@@ -126,7 +126,7 @@ TEST(RecordTest, ManagersAndNodesStartEmpty) {
 
 // ---- The virtual table of the store -----------------------------------------
 
-// Overrides everything that has a place of its own in the table.
+// Overrides every operation that has its own slot in the table.
 class SlotStore : public QvMetaData {
 public:
     explicit SlotStore(std::string* report) : ran(report) {}
@@ -184,7 +184,7 @@ protected:
 
 }  // namespace
 
-TEST_F(SlotTest, OperationsStandInTheirOrderBehindTheDestructors) {
+TEST_F(SlotTest, OperationsFollowTheDestructorsInOrder) {
     const char* text = nullptr;
     AssertSlot(2, "setCString", "value");
     AssertSlot(3, "setInt32", int32_t{1});
@@ -209,7 +209,7 @@ TEST_F(SlotTest, DestructorsComeFirst) {
     EXPECT_EQ(ran + SlotStore::deleted, "destructor delete ");
 }
 
-TEST(StoreTest, OperationsThatNobodyOverridesFindAndForgetNothing) {
+TEST(StoreTest, DefaultOperationsFindAndRemoveNothing) {
     RecordingFramework framework;
     QvMetaData& store = framework.store;
     store.setInt32("key", 1);
@@ -228,19 +228,19 @@ TEST(StoreTest, OperationsThatNobodyOverridesFindAndForgetNothing) {
 
 // ---- Levels, colours and formats --------------------------------------------
 
-TEST(LogTest, LevelsAreThese) {
+TEST(LogTest, LevelsHaveTheSpecifiedValues) {
     EXPECT_EQ(QV_LOG_ERROR, 2);
     EXPECT_EQ(QV_LOG_NOTICE, 5);
     EXPECT_EQ(QV_LOG_INFO, 6);
 }
 
-TEST(LogTest, ColoursAreThese) {
+TEST(LogTest, ColoursHaveTheSpecifiedValues) {
     EXPECT_STREQ(QV_LOG_RED, "\x1b[31m\x1b[1m");
     EXPECT_STREQ(QV_LOG_BLUE, "\x1b[34m\x1b[1m");
     EXPECT_STREQ(QV_LOG_PLAIN, "\x1b[0m");
 }
 
-TEST(LogTest, FormatsOfTheChecksEndTheirLineInsideTheColour) {
+TEST(LogTest, FormatsOfTheChecksHaveTheNewlineBeforeTheColourReset) {
     EXPECT_STREQ(QV_ASSERT_FORMAT, "\x1b[31m\x1b[1mAssertion %s failed at %s:%d\n\x1b[0m");
     EXPECT_STREQ(CHECK_UE_FORMAT, "\x1b[31m\x1b[1m%s(%d): %s failed. actual %d vs exp %d\n\x1b[0m");
 }
@@ -267,7 +267,7 @@ protected:
 
 int checkedLine = 0;
 
-// Leaves early where `actual` is unexpected.
+// Returns early if `actual` is unexpected.
 int leaveAt(int actual, int unexpected) {
     int result = 7;
     checkedLine = __LINE__ + 1;
@@ -278,14 +278,14 @@ int leaveAt(int actual, int unexpected) {
 
 }  // namespace
 
-TEST_F(ChecksTest, AssertionThatHoldsSaysNothingAndLooksOnce) {
+TEST_F(ChecksTest, AssertionThatHoldsLogsNothingAndEvaluatesOnce) {
     int looks = 0;
     QV_ASSERT(++looks, "++looks");
     EXPECT_EQ(looks, 1);
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(ChecksTest, AssertionThatFailsIsRecordedAndAborts) {
+TEST_F(ChecksTest, AssertionThatFailsIsLoggedAndAborts) {
     framework.errorsToStderr = true;
     EXPECT_EXIT(QV_ASSERT(1 == 2, "1 == 2 (%d)"),
                 testing::KilledBySignal(SIGABRT),
@@ -294,11 +294,11 @@ TEST_F(ChecksTest, AssertionThatFailsIsRecordedAndAborts) {
                     "failed at contract:<line>\n\033[0m")));
 }
 
-TEST_F(ChecksTest, AssertionWithAnEmptyRecordAbortsStill) {
+TEST_F(ChecksTest, AssertionWithAnEmptyRecordStillAborts) {
     EXPECT_EXIT(QV_ASSERT(false, "false"), testing::KilledBySignal(SIGABRT), standardErrorIs(""));
 }
 
-TEST_F(ChecksTest, ExceptionOutOfTheLoggerGetsPastTheAbort) {
+TEST_F(ChecksTest, ExceptionFromTheLoggerPreventsTheAbort) {
     framework.onCall = [](const std::string& call) { throw std::runtime_error(call); };
     int line = 0;
     try {
@@ -312,14 +312,14 @@ TEST_F(ChecksTest, ExceptionOutOfTheLoggerGetsPastTheAbort) {
     }
 }
 
-TEST_F(ChecksTest, UnexpectedNumberIsRecordedAndLeavesWithTheResultAsItStands) {
+TEST_F(ChecksTest, UnexpectedNumberIsLoggedAndReturnsTheCurrentResult) {
     EXPECT_EQ(leaveAt(-1, -1), 7);
     AssertRecord("\033[31m\033[1mcontract(" + std::to_string(checkedLine) +
                  "): CHECK_UE failed. actual -1 vs exp -1\n\033[0m");
     EXPECT_EQ(framework.records.front().line, checkedLine);
 }
 
-TEST_F(ChecksTest, AnyOtherNumberGoesOnInSilence) {
+TEST_F(ChecksTest, AnyOtherNumberContinuesWithoutALog) {
     for (const int actual : {0, 1, -2}) {
         EXPECT_EQ(leaveAt(actual, -1), 8);
     }

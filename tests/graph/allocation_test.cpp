@@ -1,5 +1,5 @@
-// What the parser allocates, counted for the whole program. The framework here
-// allocates nothing.
+// What the parser allocates, counted for the whole program. The framework in
+// this file allocates nothing.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <strings.h>
@@ -83,7 +83,7 @@ void node_proxy_node_create(_QVNodeInfo* /*info*/) {}
 
 namespace {
 
-// Keeps the last value that was stored, as it came.
+// Keeps the last stored value unchanged.
 class LastStore : public QvMetaData {
 public:
     int setCString(const char* /*key*/, const char* value) override {
@@ -119,7 +119,7 @@ protected:
     const QVGraphParser parser{};
 };
 
-// Loads from files, with a limit to every single request for memory.
+// Loads from files, with a limit on the size of each memory request.
 class FileAllocationTest : public testing::Test {
 protected:
     void AssertReadsAsEmptyInLittleMemory(const std::string& file) {
@@ -140,7 +140,7 @@ protected:
 
 }  // namespace
 
-TEST_F(OptionAllocationTest, TheCounterCounts) {
+TEST_F(OptionAllocationTest, CounterCountsAllocations) {
     const int before = allocations.made;
     const std::string longText(100, 'x');
     EXPECT_EQ(allocations.made, before + 1) << longText;
@@ -165,25 +165,25 @@ TEST_F(OptionAllocationTest, PlainStringsAllocateNothing) {
     AssertAllocatesNothing(std::string(128, 'x'), -68, "");
 }
 
-TEST_F(OptionAllocationTest, WhatIsNotStoredAllocatesNothing) {
+TEST_F(OptionAllocationTest, SkippedValuesAllocateNothing) {
     AssertAllocatesNothing(Json(), 0, "");
     AssertAllocatesNothing(true, 0, "");
     AssertAllocatesNothing(Json::array{1, 2}, 0, "");
     AssertAllocatesNothing(Json::object{{"a", 1}}, 0, "");
 }
 
-TEST_F(FileAllocationTest, FolderTakesNoMemory) {
+TEST_F(FileAllocationTest, DirectoryNeedsNoMemory) {
     AssertReadsAsEmptyInLittleMemory(folder.path());
 }
 
-TEST_F(FileAllocationTest, DevicesAndProcFilesTakeNoMemory) {
+TEST_F(FileAllocationTest, DevicesAndProcFilesNeedNoMemory) {
     AssertReadsAsEmptyInLittleMemory("/dev/null");
     if (std::ifstream("/proc/self/status")) {
         AssertReadsAsEmptyInLittleMemory("/proc/self/status");
     }
 }
 
-TEST_F(FileAllocationTest, FifoTakesNoMemory) {
+TEST_F(FileAllocationTest, FifoNeedsNoMemory) {
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     const int writer = open(path.c_str(), O_RDWR | O_NONBLOCK);
     ASSERT_GE(writer, 0);
@@ -191,17 +191,17 @@ TEST_F(FileAllocationTest, FifoTakesNoMemory) {
     close(writer);
 }
 
-TEST_F(FileAllocationTest, FileOfThreeGibibytesTakesNoMemory) {
+TEST_F(FileAllocationTest, FileOfThreeGibibytesNeedsNoMemory) {
     folder.write("file", "{}");
     std::error_code error;
     std::filesystem::resize_file(path, std::uintmax_t{3} << 30, error);
     if (error) {
-        GTEST_SKIP() << "no file of that size can be made here";
+        GTEST_SKIP() << "a file of that size cannot be created here";
     }
     AssertReadsAsEmptyInLittleMemory(path);
 }
 
-TEST_F(FileAllocationTest, NoRequestExceedsTheFileByMuch) {
+TEST_F(FileAllocationTest, NoRequestIsMuchLargerThanTheFile) {
     std::string text = "{";
     for (int pipe = 0; pipe < 20000; ++pipe) {
         text += (pipe == 0 ? "\"pipe_" : ",\"pipe_") + std::to_string(pipe) + "\":{}";

@@ -1,6 +1,6 @@
-// Files that change between the moment at which their size is asked for and
-// the one at which they are read. Calls of fread are led through a function of
-// the test (the linker's --wrap), which changes the file first.
+// Files that change after their size is determined and before they are read.
+// The linker's --wrap redirects fread to a function of the test, which changes
+// the file first.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -32,15 +32,15 @@ namespace {
 
 const char* const ONE_PIPE = R"({"pipe_0": {}})";
 
-// More than the C library reads on its own while it is asked for the size.
+// More than the C library reads ahead when it determines the size.
 const std::string BLANKS = std::string(100000, ' ');
 
 class ChangingFilesTest : public ParserTest {
 protected:
     void SetUp() override { ASSERT_EQ(parser.parseConfigText(R"({"old": 1})"), 0); }
 
-    // Loads a file that holds `before` when its size is asked for, and is
-    // changed then.
+    // Loads a file that contains `before` when its size is determined, and
+    // changes it after that.
     int Load(const std::string& before, const std::function<void()>& change) {
         folder.write("graph.json", before);
         beforeRead = change;
@@ -63,14 +63,14 @@ qv_err 2 parseConfigText "\033[31m\033[1mfailed to json11::Json::parse(...), err
 
 }  // namespace
 
-TEST_F(ChangingFilesTest, FileThatShrinksEndsWhereItEnds) {
+TEST_F(ChangingFilesTest, FileThatShrinksIsReadToItsNewEnd) {
     const std::string text = ONE_PIPE + BLANKS + "not read";
     EXPECT_EQ(Load(text, [&] { std::filesystem::resize_file(path, 50000); }), 0);
     EXPECT_EQ(reader.getPipeNum(), 1);
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(ChangingFilesTest, FileThatShrinksToNothingIsTheEmptyText) {
+TEST_F(ChangingFilesTest, FileThatShrinksToNothingReadsAsEmpty) {
     EXPECT_EQ(Load(BLANKS + ONE_PIPE, [&] { std::filesystem::resize_file(path, 0); }), -1);
     AssertEmpty();
 }
@@ -92,7 +92,7 @@ TEST_F(ChangingFilesTest, FileThatGrowsIsReadToItsOldEnd) {
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(ChangingFilesTest, FileThatIsReplacedIsReadAsItWas) {
+TEST_F(ChangingFilesTest, ReplacedFileIsReadWithItsOldContent) {
     const auto replace = [&] {
         folder.write("new.json", R"({"pipe_0": {}, "pipe_1": {}})");
         std::filesystem::rename(folder.path("new.json"), path);
@@ -101,13 +101,13 @@ TEST_F(ChangingFilesTest, FileThatIsReplacedIsReadAsItWas) {
     EXPECT_EQ(reader.getPipeNum(), 1);
 }
 
-TEST_F(ChangingFilesTest, FileThatIsRemovedIsReadAsItWas) {
+TEST_F(ChangingFilesTest, RemovedFileIsReadWithItsOldContent) {
     EXPECT_EQ(Load(ONE_PIPE, [&] { std::filesystem::remove(path); }), 0);
     EXPECT_EQ(reader.getPipeNum(), 1);
 }
 
-TEST_F(ChangingFilesTest, EmptyFileThatGrowsIsTheEmptyText) {
-    // Whether it is read at all is the parser's business.
+TEST_F(ChangingFilesTest, EmptyFileThatGrowsReadsAsEmpty) {
+    // The parser may skip the read.
     folder.write("graph.json", "");
     beforeRead = [&] { folder.write("graph.json", ONE_PIPE); };
     EXPECT_EQ(parser.parseConfigFile(path.c_str()), -1);

@@ -1,4 +1,4 @@
-// Loading from files: whatever stands at a path gives the stated code.
+// Loading from files: every kind of path gives the documented code.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -25,7 +25,7 @@ protected:
         EXPECT_EQ(reader.getPipeNum(), pipes);
     }
 
-    // Does not open, and leaves the present document.
+    // The file does not open, and the current document stays.
     void AssertNotOpened(const std::string& path) {
         SCOPED_TRACE(path);
         Load(R"({"pipe_0": {}, "pipe_1": {}})");
@@ -36,7 +36,8 @@ protected:
         EXPECT_EQ(reader.getPipeNum(), 2);
     }
 
-    // Opens, reads as the empty text, and takes the present document away.
+    // The file opens and reads as the empty text, and the current document is
+    // discarded.
     void AssertReadsAsEmpty(const std::string& path) {
         SCOPED_TRACE(path);
         Load(R"({"pipe_0": {}})");
@@ -50,14 +51,14 @@ qv_err 2 parseConfigText "\033[31m\033[1mfailed to json11::Json::parse(...), err
     const TemporaryFolder folder;
 };
 
-// The lowest number that a new file would get.
+// The descriptor that the next opened file would get.
 int nextDescriptor() {
     const int descriptor = open("/dev/null", O_RDONLY);
     close(descriptor);
     return descriptor;
 }
 
-// Takes root's rights to read everything away while it exists.
+// Drops root's permission to read every file during its lifetime.
 class Unprivileged {
 public:
     Unprivileged() : wasRoot(geteuid() == 0), dropped(!wasRoot || seteuid(65534) == 0) {}
@@ -75,11 +76,11 @@ public:
 
 }  // namespace
 
-TEST_F(FilesTest, FileIsLoadedAsItsText) {
+TEST_F(FilesTest, FileLoadsLikeItsText) {
     AssertLoads(folder.write("graph.json", R"({"pipe_0": {}, /* two */ "pipe_1": {}})"), 2);
 }
 
-TEST_F(FilesTest, FileIsReadInBinary) {
+TEST_F(FilesTest, FileIsReadInBinaryMode) {
     AssertLoads(folder.write("graph.json", "{\"pipe_0\":\r\n{\"a\": \"\xff\"}}\r\n"), 1);
     EXPECT_EQ(reader.root()["pipe_0"]["a"].string_value(), "\xff");
 }
@@ -89,18 +90,18 @@ TEST_F(FilesTest, FileReplacesTheDocument) {
     AssertLoads(folder.write("two.json", R"({"pipe_0": {}, "pipe_1": {}})"), 2);
 }
 
-TEST_F(FilesTest, LinkIsFollowed) {
+TEST_F(FilesTest, SymbolicLinkIsFollowed) {
     folder.write("graph.json", R"({"pipe_0": {}})");
     fs::create_symlink("graph.json", folder.path("link.json"));
     AssertLoads(folder.path("link.json"), 1);
 }
 
-TEST_F(FilesTest, MissingFileIsNotOpened) {
+TEST_F(FilesTest, MissingFileCannotBeOpened) {
     AssertNotOpened(folder.path("missing.json"));
     AssertNotOpened("");
 }
 
-TEST_F(FilesTest, NullPathIsNotOpened) {
+TEST_F(FilesTest, NullPathCannotBeOpened) {
     Load(R"({"pipe_0": {}})");
     EXPECT_EQ(parser.parseConfigFile(nullptr), -5);
     EXPECT_EQ(framework.takeTrace(), R"(
@@ -109,26 +110,26 @@ qv_err 2 parseConfigFile "\033[31m\033[1mfailed to fopen((null))\033[0m"
     EXPECT_EQ(reader.getPipeNum(), 1);
 }
 
-TEST_F(FilesTest, FileBelowAFileIsNotOpened) {
+TEST_F(FilesTest, PathBelowAFileCannotBeOpened) {
     AssertNotOpened(folder.write("graph.json", "{}") + "/graph.json");
 }
 
-TEST_F(FilesTest, DanglingLinkIsNotOpened) {
+TEST_F(FilesTest, DanglingLinkCannotBeOpened) {
     fs::create_symlink("missing.json", folder.path("link.json"));
     AssertNotOpened(folder.path("link.json"));
 }
 
-TEST_F(FilesTest, LoopOfLinksIsNotOpened) {
+TEST_F(FilesTest, LoopOfLinksCannotBeOpened) {
     fs::create_symlink("b.json", folder.path("a.json"));
     fs::create_symlink("a.json", folder.path("b.json"));
     AssertNotOpened(folder.path("a.json"));
 }
 
-TEST_F(FilesTest, NameThatIsTooLongIsNotOpened) {
+TEST_F(FilesTest, NameThatIsTooLongCannotBeOpened) {
     AssertNotOpened(folder.path(std::string(300, 'n')));
 }
 
-TEST_F(FilesTest, UnreadableFileIsNotOpened) {
+TEST_F(FilesTest, UnreadableFileCannotBeOpened) {
     const std::string path = folder.write("graph.json", "{}");
     ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
     ASSERT_EQ(chmod(path.c_str(), 0000), 0);
@@ -139,11 +140,11 @@ TEST_F(FilesTest, UnreadableFileIsNotOpened) {
     AssertNotOpened(path);
 }
 
-TEST_F(FilesTest, EmptyFileIsTheEmptyText) {
+TEST_F(FilesTest, EmptyFileReadsAsEmpty) {
     AssertReadsAsEmpty(folder.write("empty.json", ""));
 }
 
-TEST_F(FilesTest, FolderReadsAsEmpty) {
+TEST_F(FilesTest, DirectoryReadsAsEmpty) {
     AssertReadsAsEmpty(folder.path());
 }
 
@@ -159,10 +160,10 @@ TEST_F(FilesTest, ProcFileReadsAsEmpty) {
     AssertReadsAsEmpty(path);
 }
 
-TEST_F(FilesTest, FifoReadsAsEmptyAlthoughItHoldsText) {
+TEST_F(FilesTest, FifoThatContainsTextReadsAsEmpty) {
     const std::string path = folder.path("fifo");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
-    // Without an end to write, opening the other one would wait for it.
+    // Without a writer, opening the reading end would block.
     const int writer = open(path.c_str(), O_RDWR | O_NONBLOCK);
     ASSERT_GE(writer, 0);
     ASSERT_EQ(write(writer, "{}", 2), 2);
@@ -175,7 +176,7 @@ TEST_F(FilesTest, FileOfThreeGibibytesReadsAsEmpty) {
     std::error_code error;
     fs::resize_file(path, std::uintmax_t{3} << 30, error);
     if (error) {
-        GTEST_SKIP() << "no file of that size can be made here";
+        GTEST_SKIP() << "a file of that size cannot be created here";
     }
     AssertReadsAsEmpty(path);
 }
@@ -185,8 +186,8 @@ TEST_F(FilesTest, TextEndsAtItsFirstNul) {
     AssertReadsAsEmpty(folder.write("nul.json", std::string("\0{}", 3)));
 }
 
-// Attributes of the system tell the size of a page, and hold a line.
-TEST_F(FilesTest, TextEndsWhereLessIsReadThanTheSizeTells) {
+// A file in sysfs reports the size of a page, but contains only one line.
+TEST_F(FilesTest, TextEndsWhereTheReadEnds) {
     const std::string path = "/sys/devices/system/cpu/kernel_max";
     std::error_code error;
     const auto size = fs::file_size(path, error);
@@ -197,7 +198,7 @@ TEST_F(FilesTest, TextEndsWhereLessIsReadThanTheSizeTells) {
     EXPECT_TRUE(reader.root().is_number());
 }
 
-TEST_F(FilesTest, MalformedFileDropsThePresentDocument) {
+TEST_F(FilesTest, MalformedFileDiscardsTheCurrentDocument) {
     Load(R"({"pipe_0": {}})");
     EXPECT_EQ(parser.parseConfigFile(folder.write("bad.json", "{\"pipe_0\": }").c_str()), -1);
     EXPECT_EQ(framework.takeTrace(), R"(
@@ -206,7 +207,7 @@ qv_err 2 parseConfigText "\033[31m\033[1mfailed to json11::Json::parse(...), err
     EXPECT_TRUE(reader.root().is_null());
 }
 
-TEST_F(FilesTest, TwentyThousandPipesAreLoaded) {
+TEST_F(FilesTest, FileWithTwentyThousandPipesLoads) {
     const int count = 20000;
     std::string text = "{";
     for (int pipe = 0; pipe < count; ++pipe) {
@@ -219,7 +220,7 @@ TEST_F(FilesTest, TwentyThousandPipesAreLoaded) {
     EXPECT_EQ(reader.getNodeIDByIndex(count - 1, 0), 3);
 }
 
-TEST_F(FilesTest, FileIsClosedWhateverItHolds) {
+TEST_F(FilesTest, FileIsClosedWhateverItContains) {
     const int before = nextDescriptor();
     for (const char* text : {"{}", "{", "", "null"}) {
         parser.parseConfigFile(folder.write("graph.json", text).c_str());

@@ -1,5 +1,5 @@
-// The parser's interface: its signatures, what may be called on a parser that
-// must not change, and the formats of all its records.
+// The parser's interface: its signatures, the functions that a const parser
+// offers, and the formats of all its records.
 #include <memory>
 #include <set>
 #include <string>
@@ -42,7 +42,7 @@ static_assert(hasType<int (P::*)(QvMetaData*, int, int) const>(&P::syncLinkOptio
 static_assert(
     hasType<int (P::*)(QVTaskGraphConfig*, int, int, _QVNodeInfo*) const>(&P::initTaskNode));
 
-// The document is all that a parser has.
+// The document is the only data member of the parser.
 struct JsonAlone {
     Json document;
 };
@@ -57,7 +57,7 @@ class InterfaceTest : public ParserTest {};
 
 }  // namespace
 
-TEST_F(InterfaceTest, ParserIsReleasedWithItsDocument) {
+TEST_F(InterfaceTest, ParserReleasesItsDocument) {
     auto owner = std::make_unique<QVGraphParser>();
     ASSERT_EQ(owner->parseConfigText(R"({"pipe_0": {}})"), 0);
     const Json pipe = owner->root()["pipe_0"];
@@ -66,7 +66,7 @@ TEST_F(InterfaceTest, ParserIsReleasedWithItsDocument) {
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(InterfaceTest, FormatsOfTheRecordsAreThese) {
+TEST_F(InterfaceTest, RecordsHaveTheSpecifiedFormats) {
     Load(R"({"pipe_0": {"node_0": {"node_opts": {"node_name": "Camera", "a": "int32:1",
              "b": "int64:1", "c": "float:1", "d": "double:1"},
              "stream_opts": {"stream_input": "raw", "stream_fmt_in": "nv12"}}}})");

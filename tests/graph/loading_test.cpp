@@ -1,4 +1,5 @@
-// Loading from text: what is accepted, what is refused, and what is left then.
+// Loading from text: what is accepted, what is rejected, and the state
+// afterwards.
 #include <filesystem>
 #include <string>
 #include <utility>
@@ -19,7 +20,7 @@ protected:
         EXPECT_EQ(framework.takeTrace(), "\n");
     }
 
-    // `error` as it stands in a trace, escaped.
+    // `error` as it appears in a trace, escaped.
     void AssertRefuses(const char* text, const std::string& error) {
         SCOPED_TRACE(text != nullptr ? text : "(null)");
         Load(R"({"pipe_0": {}})");
@@ -32,7 +33,7 @@ protected:
         EXPECT_EQ(reader.getPipeNum(), 0);
     }
 
-    // `count` arrays, each in the one before.
+    // `count` nested arrays.
     static std::string Nested(size_t count) {
         return std::string(count, '[') + std::string(count, ']');
     }
@@ -50,7 +51,7 @@ TEST_F(LoadingTest, EmptyObjectHasNoPipes) {
     AssertLoads("{}", 0);
 }
 
-TEST_F(LoadingTest, EveryMemberOfTheRootIsAPipe) {
+TEST_F(LoadingTest, EveryMemberOfTheRootCountsAsAPipe) {
     AssertLoads(R"({"pipe_0": {}, "pipe_7": {}, "camera": 1, "": null})", 4);
 }
 
@@ -75,7 +76,7 @@ TEST_F(LoadingTest, CommentsAreAccepted) {
                 2);
 }
 
-TEST_F(LoadingTest, LastOfDuplicateKeysWins) {
+TEST_F(LoadingTest, LastDuplicateKeyWins) {
     AssertLoads(R"({"pipe_0": 1, "pipe_0": {"default_mode_link": "last"}})", 1);
     EXPECT_EQ(reader.getDefaultLinkMode(0), "last");
 }
@@ -85,16 +86,16 @@ TEST_F(LoadingTest, SuccessReturnsWhatTheSummaryReturns) {
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(LoadingTest, NullTextIsRefused) {
+TEST_F(LoadingTest, NullTextIsRejected) {
     AssertRefuses(nullptr, "null input");
 }
 
-TEST_F(LoadingTest, NullDocumentIsRefusedWithoutAnErrorText) {
+TEST_F(LoadingTest, NullDocumentIsRejectedWithoutAnErrorText) {
     AssertRefuses("null", "");
     AssertRefuses(" null // nothing", "");
 }
 
-TEST_F(LoadingTest, MalformedTextIsRefusedWithItsError) {
+TEST_F(LoadingTest, MalformedTextIsRejectedWithItsError) {
     const std::vector<std::pair<const char*, std::string>> cases = {
         {"", "unexpected end of input"},
         {" ", "unexpected end of input"},
@@ -114,12 +115,12 @@ TEST_F(LoadingTest, MalformedTextIsRefusedWithItsError) {
     }
 }
 
-TEST_F(LoadingTest, RefusesContainersNestedTooDeeply) {
+TEST_F(LoadingTest, ContainersNestedTooDeeplyAreRejected) {
     AssertLoads(Nested(201), 0);
     AssertRefuses(Nested(202).c_str(), "exceeded maximum nesting depth");
 }
 
-TEST_F(LoadingTest, RefusedTextDropsThePresentDocument) {
+TEST_F(LoadingTest, RejectedTextDiscardsTheCurrentDocument) {
     Load(R"({"pipe_0": {}})");
     ASSERT_EQ(reader.getPipeNum(), 1);
     EXPECT_EQ(parser.parseConfigText(nullptr), -1);
@@ -133,7 +134,7 @@ TEST_F(LoadingTest, LoadReplacesTheDocument) {
     EXPECT_EQ(reader.getDefaultLinkMode(0), "new");
 }
 
-TEST_F(LoadingTest, LoadsAgainAfterARefusal) {
+TEST_F(LoadingTest, LoadsAgainAfterARejection) {
     AssertRefuses("{", "unexpected end of input");
     AssertLoads(R"({"pipe_0": {}})", 1);
 }
@@ -163,7 +164,7 @@ TEST_F(LoadingTest, CopyKeepsTheDocumentWhenTheOriginalLoadsAnother) {
     EXPECT_TRUE(copy.root().is_array());
 }
 
-TEST_F(LoadingTest, ExceptionOutOfTheLoggerLeavesTheCallAndNoDocument) {
+TEST_F(LoadingTest, ExceptionFromTheLoggerLeavesNoDocument) {
     Load(R"({"pipe_0": {}})");
     framework.onCall = [](const std::string& call) { throw std::runtime_error(call); };
     EXPECT_THROW(parser.parseConfigText("{"), std::runtime_error);

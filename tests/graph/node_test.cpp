@@ -1,4 +1,4 @@
-// Node set-up: what wires a node, and every way in which it fails.
+// Node set-up: how a node is wired, and every way in which set-up fails.
 
 #include <cstdio>
 #include <stdexcept>
@@ -12,13 +12,13 @@ namespace {
 
 class NodeTest : public ParserTest {
 protected:
-    // Loads a pipe with the one node 'node_3'.
+    // Loads a pipe whose only node is 'node_3'.
     void LoadNode(const std::string& node) { Load(R"({"pipe_0": {"node_3": )" + node + "}}"); }
 
     int Init() { return reader.initTaskNode(&framework.graph, 0, 3, &info); }
 
-    // The calls from the first lookup in the store, which ends the copying of
-    // options.
+    // The calls from the first lookup in the store, which follows the copying
+    // of options.
     std::string Wiring() {
         const std::string trace = framework.takeTrace();
         const size_t first = trace.find("\nstore.findCString");
@@ -30,18 +30,18 @@ protected:
         EXPECT_EQ(Wiring(), calls);
     }
 
-    // Aborts after the record of the assertion with this text, which is all
-    // that is reported as an error.
+    // Aborts after the record of the assertion with this text, which is the
+    // only error record.
+    // NOLINTNEXTLINE(readability-function-size): the macro nests its blocks.
     void AssertAborts(const std::string& condition) {
         framework.errorsToStderr = true;
-        EXPECT_EXIT(Init(),
-                    testing::KilledBySignal(SIGABRT),
-                    standardErrorIs(withAnyLine(
-                        "18181802 2 QVGraphParser initTaskNode:<line> \033[31m\033[1mAssertion " +
-                        condition + " failed at initTaskNode:<line>\n\033[0m")));
+        const std::string record =
+            "18181802 2 QVGraphParser initTaskNode:<line> \033[31m\033[1mAssertion " + condition +
+            " failed at initTaskNode:<line>\n\033[0m";
+        EXPECT_EXIT(Init(), testing::KilledBySignal(SIGABRT), standardErrorIs(withAnyLine(record)));
     }
 
-    // Throws what is promised for a format that is missing, after these calls.
+    // Throws the specified exception for a missing format, after these calls.
     void AssertThrows(const std::string& calls) {
         try {
             Init();
@@ -53,7 +53,7 @@ protected:
         EXPECT_EQ(Wiring(), calls);
     }
 
-    // Reports a refused stream after these calls, and success.
+    // Logs a refused stream after these calls, and returns success.
     void AssertRefused(const std::string& calls) {
         EXPECT_EQ(Init(), 0);
         ASSERT_FALSE(framework.records.empty());
@@ -83,7 +83,7 @@ const char* const TWO_OUTPUTS = R"({"stream_opts": {
 
 // ---- One stream on a side ---------------------------------------------------
 
-TEST_F(NodeTest, OneInputAndOneOutputAreWiredFromThePlainKeys) {
+TEST_F(NodeTest, OneInputAndOneOutputUseThePlainKeys) {
     LoadNode(IN_AND_OUT);
     framework.inputManagers = 1;
     framework.outputManagers = 1;
@@ -102,7 +102,7 @@ node.initialize 3 {3 "Filter"} input0 newest=0 output0 format="fmtB"
 )");
 }
 
-TEST_F(NodeTest, NodeMayHaveInputsAlone) {
+TEST_F(NodeTest, NodeMayHaveOnlyInputs) {
     LoadNode(IN_AND_OUT);
     framework.inputManagers = 1;
     AssertWires(R"(
@@ -116,7 +116,7 @@ node.initialize 3 {3 "Filter"} input0 newest=0
 )");
 }
 
-TEST_F(NodeTest, NodeMayHaveOutputsAlone) {
+TEST_F(NodeTest, NodeMayHaveOnlyOutputs) {
     LoadNode(IN_AND_OUT);
     framework.outputManagers = 1;
     AssertWires(R"(
@@ -128,7 +128,7 @@ node.initialize 3 {3 "Filter"} output0 format="fmtB"
 )");
 }
 
-TEST_F(NodeTest, EmptyNamesAndFormatsAreNamesAndFormats) {
+TEST_F(NodeTest, NamesAndFormatsMayBeEmpty) {
     LoadNode(R"({"stream_opts": {"stream_input": "", "stream_fmt_in": ""}})");
     framework.inputManagers = 1;
     AssertWires(R"(
@@ -144,7 +144,7 @@ node.initialize 3 {3 ""} input0 newest=0
 
 // ---- Several streams on a side ----------------------------------------------
 
-TEST_F(NodeTest, SeveralInputsAreWiredFromTheirFamiliesInKeyOrder) {
+TEST_F(NodeTest, SeveralInputsUseTheirKeyFamiliesInKeyOrder) {
     LoadNode(TWO_INPUTS);
     framework.inputManagers = 2;
     AssertWires(R"(
@@ -164,7 +164,7 @@ node.initialize 3 {3 ""} input0 newest=0 input1 newest=0
 )");
 }
 
-TEST_F(NodeTest, SeveralOutputsAreWiredFromTheirFamiliesInKeyOrder) {
+TEST_F(NodeTest, SeveralOutputsUseTheirKeyFamiliesInKeyOrder) {
     LoadNode(TWO_OUTPUTS);
     framework.outputManagers = 2;
     AssertWires(R"(
@@ -180,7 +180,7 @@ node.initialize 3 {3 ""} output0 format="f1" output1 format="f2"
 )");
 }
 
-TEST_F(NodeTest, NamesAndFormatsAreCountedEachInItsOwnFamily) {
+TEST_F(NodeTest, NamesAndFormatsAreIndexedSeparately) {
     LoadNode(R"({"stream_opts": {
         "stream_input_10": "ten", "stream_input_2": "two",
         "stream_fmt_in_x": "f1", "stream_fmt_in_y": "f2", "stream_input": "not read",
@@ -203,7 +203,7 @@ node.initialize 3 {3 ""} input0 newest=0 input1 newest=0
 )");
 }
 
-TEST_F(NodeTest, MoreStreamsThanManagersAreLeftAlone) {
+TEST_F(NodeTest, StreamsWithoutAManagerAreIgnored) {
     LoadNode(R"({"stream_opts": {"stream_output_a": "x", "stream_output_b": "y",
         "stream_output_c": "z", "stream_fmt_out_a": "f1", "stream_fmt_out_b": "f2",
         "stream_output": "not read", "stream_fmt_out": "not read"}})");
@@ -222,7 +222,7 @@ node.initialize 3 {3 ""} output0 format="f1" output1 format="f2"
     EXPECT_EQ(info.outputNum, 4);
 }
 
-TEST_F(NodeTest, TheManagersNotTheDeclaredStreamsDecideBetweenPlainAndIndexedKeys) {
+TEST_F(NodeTest, NumberOfManagersSelectsPlainOrIndexedKeys) {
     LoadNode(R"({"stream_opts": {
         "stream_input": "plain", "stream_input_a": "x", "stream_input_b": "y",
         "stream_fmt_in": "f0", "stream_fmt_in_a": "f1", "stream_fmt_in_b": "f2"}})");
@@ -280,7 +280,7 @@ TEST_F(NodeTest, NodeIsFoundByTheIdInItsKey) {
               (std::vector<std::string>{"util_to_string 7", "util_to_string -12"}));
 }
 
-TEST_F(NodeTest, NodeIsToldItsWholeNameWithNulAndAll) {
+TEST_F(NodeTest, NodeReceivesItsNameIncludingNul) {
     LoadNode(R"({"node_opts": {"node_name": "Cam\u0000era"},
                  "stream_opts": {"stream_output": "x", "stream_fmt_out": "f"}})");
     framework.outputManagers = 1;
@@ -306,7 +306,7 @@ node.initialize 3 {3 ""} output0 format="f1" output1 format="f2"
 )");
 }
 
-TEST_F(NodeTest, NameEndsAtItsFirstNulForTheProxy) {
+TEST_F(NodeTest, ProxyReceivesTheNameUpToItsFirstNul) {
     LoadNode(R"({"node_opts": {"node_name": "Cam\u0000era"}})");
     framework.createsNode = false;
     EXPECT_EQ(Init(), -1);
@@ -320,7 +320,7 @@ qv_log 5 initTaskNode "failed to node_proxy_node_create(...) for node:Cam"
 
 // ---- Options ----------------------------------------------------------------
 
-TEST_F(NodeTest, LaterObjectsWinInAStoreThatReplaces) {
+TEST_F(NodeTest, LaterObjectsWinIfTheStoreReplacesValues) {
     LoadNode(R"({"stream_opts_extra": {"stream_output": "extra", "stream_fmt_out": "f2"},
                  "stream_opts": {"stream_output": "plain", "stream_fmt_out": "f1"}})");
     framework.outputManagers = 1;
@@ -333,7 +333,7 @@ node.initialize 3 {3 ""} output0 format="f2"
 )");
 }
 
-TEST_F(NodeTest, EarlierObjectsWinInAStoreThatKeeps) {
+TEST_F(NodeTest, EarlierObjectsWinIfTheStoreKeepsValues) {
     LoadNode(R"({"stream_opts_extra": {"stream_output": "extra", "stream_fmt_out": "f2"},
                  "stream_opts": {"stream_output": "plain", "stream_fmt_out": "f1"}})");
     framework.outputManagers = 1;
@@ -347,7 +347,7 @@ node.initialize 3 {3 ""} output0 format="f1"
 )");
 }
 
-TEST_F(NodeTest, NameAndFormatMayStandInAnyOfTheOptionObjects) {
+TEST_F(NodeTest, NameAndFormatMayBeInAnyOptionObject) {
     LoadNode(R"({"node_opts": {"stream_fmt_in": "f"}, "node_opts_extra": {"stream_input": "x"}})");
     framework.inputManagers = 1;
     EXPECT_EQ(Init(), 0);
@@ -355,7 +355,7 @@ TEST_F(NodeTest, NameAndFormatMayStandInAnyOfTheOptionObjects) {
     EXPECT_EQ(framework.calls.back(), R"(node.initialize 3 {3 ""} input0 newest=0)");
 }
 
-TEST_F(NodeTest, AnyTruthOfALookupIsFound) {
+TEST_F(NodeTest, AnyNonZeroLookupResultMeansFound) {
     for (const int truth : {-1, 2, 256}) {
         LoadNode(IN_AND_OUT);
         framework.outputManagers = 1;
@@ -368,7 +368,7 @@ TEST_F(NodeTest, AnyTruthOfALookupIsFound) {
     }
 }
 
-TEST_F(NodeTest, FormatAndModeAreUsedAsTheLookupLeavesThem) {
+TEST_F(NodeTest, FormatAndModeAreUsedWhateverTheLookupReturns) {
     LoadNode("{}");
     framework.inputManagers = 1;
     framework.store.onFind = [](const std::string& key, const char** value) {
@@ -386,7 +386,7 @@ node.initialize 3 {3 ""} input0 newest=1
 )");
 }
 
-TEST_F(NodeTest, NameIsUsedOnlyWhereTheLookupFoundIt) {
+TEST_F(NodeTest, NameIsUsedOnlyIfTheLookupFoundIt) {
     LoadNode("{}");
     framework.outputManagers = 1;
     framework.store.onFind = [](const char* /*key*/, const char** value) {
@@ -396,7 +396,7 @@ TEST_F(NodeTest, NameIsUsedOnlyWhereTheLookupFoundIt) {
     AssertAborts("options->findCString(OPT_STREAM_OUTPUT_NAME, &outputStreamName)");
 }
 
-// ---- Newest only ------------------------------------------------------------
+// ---- Latest only ------------------------------------------------------------
 
 TEST_F(NodeTest, ModeSetsTheFlagOfEveryInput) {
     LoadNode(R"({"node_opts_extra": {"stream_mode_in": "remain_newest"}, "stream_opts": {
@@ -408,7 +408,7 @@ TEST_F(NodeTest, ModeSetsTheFlagOfEveryInput) {
               R"(node.initialize 3 {3 ""} input0 newest=1 input1 newest=1)");
 }
 
-TEST_F(NodeTest, FlagIsSetForThatWordAlone) {
+TEST_F(NodeTest, OnlyRemainNewestSetsTheFlag) {
     for (const char* mode : {R"("Remain_Newest")",
                              R"("remain_newest ")",
                              R"(" remain_newest")",
@@ -439,7 +439,7 @@ TEST_F(NodeTest, FlagIsNeverCleared) {
 
 // ---- Failures with a code ---------------------------------------------------
 
-TEST_F(NodeTest, NullArgumentsAreRefusedBeforeAnythingIsTouched) {
+TEST_F(NodeTest, NullArgumentsAreRejectedBeforeAnyCall) {
     LoadNode(IN_AND_OUT);
     const std::pair<QVTaskGraphConfig*, _QVNodeInfo*> cases[] = {
         {nullptr, &info}, {&framework.graph, nullptr}, {nullptr, nullptr}};
@@ -467,7 +467,7 @@ TEST_F(NodeTest, NodeThatIsNotCreatedIsReported) {
     EXPECT_EQ(info.node, nullptr);
 }
 
-TEST_F(NodeTest, MissingNodeIsLikeAnEmptyOneWithoutAName) {
+TEST_F(NodeTest, MissingNodeIsTreatedAsAnEmptyNode) {
     const char* const documents[] = {
         "{}", "[]", R"({"pipe_0": {}})", R"({"pipe_0": {"node_3": 5}})"};
     for (const char* document : documents) {
@@ -504,7 +504,7 @@ qv_log 5 initTaskNode "failed to initialize task node(Lonely) with none input/ou
 
 // ---- Refused streams --------------------------------------------------------
 
-TEST_F(NodeTest, RefusedOnlyInputSkipsTheRest) {
+TEST_F(NodeTest, RefusalOfTheOnlyInputSkipsTheRest) {
     LoadNode(IN_AND_OUT);
     framework.inputManagers = 1;
     framework.outputManagers = 1;
@@ -516,7 +516,7 @@ graph.addInputStream "in0" -> -1
 )");
 }
 
-TEST_F(NodeTest, RefusedOnlyOutputSkipsTheRest) {
+TEST_F(NodeTest, RefusalOfTheOnlyOutputSkipsTheRest) {
     LoadNode(IN_AND_OUT);
     framework.inputManagers = 1;
     framework.outputManagers = 1;
@@ -534,7 +534,7 @@ graph.addOutputStream "out0" -> -1
 )");
 }
 
-TEST_F(NodeTest, RefusedOneOfSeveralInputsSkipsTheRest) {
+TEST_F(NodeTest, RefusalOfOneOfSeveralInputsSkipsTheRest) {
     LoadNode(TWO_INPUTS);
     framework.inputManagers = 2;
     framework.outputManagers = 1;
@@ -552,7 +552,7 @@ graph.addInputStream "y" -> -1
 )");
 }
 
-TEST_F(NodeTest, RefusedOneOfSeveralOutputsSkipsTheRest) {
+TEST_F(NodeTest, RefusalOfOneOfSeveralOutputsSkipsTheRest) {
     LoadNode(TWO_OUTPUTS);
     framework.outputManagers = 2;
     framework.graph.ids["x"] = -1;
@@ -574,7 +574,7 @@ TEST_F(NodeTest, StreamsBeforeARefusedOneStayBound) {
     EXPECT_EQ(info.inputStreams.at(1)->mRemainNewest, 0);
 }
 
-TEST_F(NodeTest, RefusedStreamWithoutAFormatIsReportedAsRefused) {
+TEST_F(NodeTest, RefusalTakesPrecedenceOverAMissingFormat) {
     LoadNode(R"({"stream_opts": {"stream_output": "x"}})");
     framework.outputManagers = 1;
     framework.graph.ids["x"] = -1;
@@ -585,7 +585,7 @@ graph.addOutputStream "x" -> -1
 )");
 }
 
-TEST_F(NodeTest, EveryOtherIdIsPassedOnUnread) {
+TEST_F(NodeTest, EveryOtherIdIsPassedOnUnchanged) {
     for (const int id : {0, -2, -2147483647 - 1, 2147483647}) {
         LoadNode(IN_AND_OUT);
         framework.outputManagers = 1;
@@ -640,7 +640,7 @@ TEST_F(NodeTest, NameThatIsStoredAsANumberAborts) {
     AssertAborts("options->findCString(OPT_STREAM_INPUT_NAME, &inputStreamName)");
 }
 
-TEST_F(NodeTest, NameThatIsTooLongIsNotStoredAndSoAborts) {
+TEST_F(NodeTest, NameThatIsTooLongAborts) {
     LoadNode(R"({"stream_opts": {"stream_output": ")" + std::string(127, 'x') +
              R"(", "stream_fmt_out": "f"}, "node_opts": {"stream_output": 5}})");
     framework.outputManagers = 1;
@@ -654,8 +654,9 @@ TEST_F(NodeTest, NameThatIsTooLongIsNotStoredAndSoAborts) {
                 standardErrorIs(""));
 }
 
-// A qv_err that throws gets past the abort, which shows the calls before it.
-TEST_F(NodeTest, ExceptionOutOfAnAssertionsRecordLeavesInPlaceOfTheAbort) {
+// If qv_err throws, the process does not abort, and the test sees the calls
+// before the assertion.
+TEST_F(NodeTest, ExceptionFromAnAssertionsRecordPreventsTheAbort) {
     LoadNode(R"({"stream_opts": {"stream_fmt_in": "f"}})");
     framework.inputManagers = 1;
     framework.onCall = [](const std::string& call) {
@@ -673,7 +674,7 @@ qv_err 2 initTaskNode "\033[31m\033[1mAssertion options->findCString(OPT_STREAM_
 )");
 }
 
-TEST_F(NodeTest, NamesOfSeveralStreamsAreLookedForInStreamOptsThatAreNoObject) {
+TEST_F(NodeTest, IndexedNamesAreLookedUpEvenIfStreamOptsIsNotAnObject) {
     LoadNode(R"({"stream_opts": ["x"]})");
     framework.outputManagers = 2;
     framework.onCall = [](const std::string& call) {
@@ -694,7 +695,7 @@ qv_err 2 initTaskNode "\033[31m\033[1mAssertion options->findCString(outputNameT
 )");
 }
 
-TEST_F(NodeTest, StreamWithoutAKeyMayStandUnderTheEmptyOne) {
+TEST_F(NodeTest, StreamWithoutAKeyUsesTheEmptyKey) {
     LoadNode(R"({"node_opts": {"": "x"}})");
     framework.outputManagers = 2;
     EXPECT_EQ(Init(), 0);

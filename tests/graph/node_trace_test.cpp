@@ -1,4 +1,4 @@
-// One node with everything that a node can have: all calls, in their order.
+// One node with everything that a node can have: all calls, in order.
 #include <algorithm>
 #include <stdexcept>
 #include <string>
@@ -131,20 +131,20 @@ node.initialize 10 {10 "Tracker#2"} input0 newest=1 input1 newest=1 output0 form
 
 }  // namespace
 
-TEST_F(NodeTraceTest, CallsOfOneNodeStandInThisOrder) {
+TEST_F(NodeTraceTest, CallsForOneNodeHaveThisOrder) {
     LoadRichNode();
     EXPECT_EQ(Init(), 0);
     EXPECT_EQ(framework.takeTrace(), RICH_TRACE);
 }
 
-TEST_F(NodeTraceTest, ResultsThatAreIgnoredChangeNothing) {
+TEST_F(NodeTraceTest, IgnoredResultsChangeNothing) {
     LoadRichNode();
     framework.ignoredResult = -1;
     EXPECT_EQ(Init(), 0);
     EXPECT_EQ(framework.takeTrace(), RICH_TRACE);
 }
 
-TEST_F(NodeTraceTest, SecondNodeOfTheSameParserIsSetUpAlike) {
+TEST_F(NodeTraceTest, SecondNodeOfTheSameParserIsSetUpTheSameWay) {
     LoadRichNode();
     EXPECT_EQ(Init(), 0);
     const size_t calls = framework.calls.size();
@@ -155,8 +155,8 @@ TEST_F(NodeTraceTest, SecondNodeOfTheSameParserIsSetUpAlike) {
     EXPECT_NE(second.node, info.node);
 }
 
-// Whatever the framework throws leaves the call at that place.
-TEST_F(NodeTraceTest, ExceptionOutOfAnyCallEndsTheTraceThere) {
+// An exception that the framework throws propagates to the caller immediately.
+TEST_F(NodeTraceTest, ExceptionFromAnyCallEndsTheTraceThere) {
     LoadRichNode();
     ASSERT_EQ(Init(), 0);
     const std::vector<std::string> all = framework.calls;

@@ -1,4 +1,5 @@
-// Numbers outside the range of int32_t, in every place where one can stand.
+// Numbers outside the range of int32_t, in every position where a number may
+// appear.
 #include <cmath>
 #include <limits>
 #include <string>
@@ -36,7 +37,7 @@ protected:
     }
 };
 
-// JSON numbers, and what is read of them.
+// JSON numbers, and the values that are read.
 const std::vector<std::pair<std::string, int>> JSON_NUMBERS = {
     {"0", 0},
     {"-0", 0},
@@ -68,7 +69,7 @@ const std::vector<std::pair<std::string, int>> JSON_NUMBERS = {
     {"-1e999", LOWEST},
 };
 
-// Decimal texts, as they stand in keys and behind "int32:".
+// Decimal strings, as in keys and after "int32:".
 const std::vector<std::pair<std::string, int>> DECIMAL_TEXTS = {
     {"2147483646", HIGHEST - 1},
     {"2147483647", HIGHEST},
@@ -90,7 +91,7 @@ const std::vector<std::pair<std::string, int>> DECIMAL_TEXTS = {
 
 }  // namespace
 
-TEST_F(NumbersTest, OptionsStopAtTheEndsOfInt32) {
+TEST_F(NumbersTest, OptionsSaturateAtTheLimitsOfInt32) {
     for (const auto& [text, number] : JSON_NUMBERS) {
         AssertStores(Value(text), number);
     }
@@ -101,21 +102,21 @@ TEST_F(NumbersTest, OptionThatIsNotANumberIsZero) {
     AssertStores(Json(-static_cast<double>(NAN)), 0);
 }
 
-TEST_F(NumbersTest, ThreadNumbersStopAtTheEndsOfInt32) {
+TEST_F(NumbersTest, ThreadCountsSaturateAtTheLimitsOfInt32) {
     for (const auto& [text, number] : JSON_NUMBERS) {
         Load(R"({"pipe_0": {"thread_opts": {"exec_thread_num": )" + text + "}}}");
         EXPECT_EQ(reader.getThreadNum(0), number) << text;
     }
 }
 
-TEST_F(NumbersTest, Int32StringsStopAtTheEndsOfInt32) {
+TEST_F(NumbersTest, Int32StringsSaturateAtTheLimitsOfInt32) {
     for (const auto& [text, number] : DECIMAL_TEXTS) {
         const std::string stored = std::to_string(number);
         AssertConverts("int32:" + text, "setInt32", stored, stored);
     }
 }
 
-TEST_F(NumbersTest, IdsStopAtTheEndsOfInt32) {
+TEST_F(NumbersTest, IdsSaturateAtTheLimitsOfInt32) {
     for (const auto& [text, number] : DECIMAL_TEXTS) {
         std::string members;
         for (const char* kind : {"node_", "executor_", "link_"}) {
@@ -128,14 +129,14 @@ TEST_F(NumbersTest, IdsStopAtTheEndsOfInt32) {
     }
 }
 
-TEST_F(NumbersTest, IdsAtTheEndsOfInt32LeadBackToTheirKeys) {
+TEST_F(NumbersTest, IdsAtTheLimitsOfInt32MapBackToTheirKeys) {
     Load(R"({"pipe_2147483647": {"link_-2147483648": {"a": 1}}})");
     EXPECT_EQ(reader.getLinkIDByIndex(HIGHEST, 0), LOWEST);
     EXPECT_EQ(reader.syncLinkOptions(&framework.store, HIGHEST, LOWEST), 0);
     EXPECT_EQ(framework.calls.back(), R"(store.setInt32 "a" 1)");
 }
 
-TEST_F(NumbersTest, Int64StringsAreReadWithoutASign) {
+TEST_F(NumbersTest, Int64StringsAreReadAsUnsigned) {
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"2147483648", "2147483648"},
         {"-2147483649", "-2147483649"},
@@ -161,7 +162,7 @@ TEST_F(NumbersTest, Int64StringsOutOfRangeAreAllOnes) {
     }
 }
 
-TEST_F(NumbersTest, FloatsBeyondTheirRangeAreInfinite) {
+TEST_F(NumbersTest, FloatsAboveTheirRangeAreInfinite) {
     AssertConverts("float:1e39", "setFloat", "inf", "inf");
     AssertConverts("float:-1e39", "setFloat", "-inf", "-inf");
     AssertConverts("float:1e999", "setFloat", "inf", "inf");
@@ -185,6 +186,6 @@ TEST_F(NumbersTest, FloatsBelowTheirRangeAreZero) {
     AssertConverts("float:1e-45", "setFloat", "1.40129846e-45", "0.000000");
 }
 
-TEST_F(NumbersTest, FloatsAreReadInHexadecimalToo) {
+TEST_F(NumbersTest, HexadecimalFloatsAreRead) {
     AssertConverts("float:0x1p4", "setFloat", "16", "16.000000");
 }

@@ -1,5 +1,5 @@
-// The parser takes a string option apart as sscanf does with the pattern
-// "%[^:]:%[^:]", whatever stands in it.
+// The parser splits any string option as sscanf does with the pattern
+// "%[^:]:%[^:]".
 #include <gtest/gtest.h>
 
 #include <random>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// What decides, and what stands beside it in ASCII and out of it.
+// The bytes that matter, and their neighbours inside and outside ASCII.
 const std::vector<std::string> PIECES = {":",
                                          "int32",
                                          "int64",
@@ -29,7 +29,7 @@ const std::vector<std::string> PIECES = {":",
                                          "x",
                                          "99999999999"};
 
-// Calls `visit` with every text of up to `length` of the pieces.
+// Calls `visit` with every string of up to `length` of the pieces.
 template <typename Visit>
 void forEachText(const std::string& begin, int length, const Visit& visit) {
     visit(begin);
@@ -41,7 +41,7 @@ void forEachText(const std::string& begin, int length, const Visit& visit) {
     }
 }
 
-TEST(OptionScanTest, EveryShortTextIsTakenApartAsTheScanDoes) {
+TEST(OptionScanTest, ShortStringsAreSplitAsSscanfDoes) {
     int texts = 0;
     forEachText("", 4, [&](const std::string& text) {
         ++texts;
@@ -50,7 +50,7 @@ TEST(OptionScanTest, EveryShortTextIsTakenApartAsTheScanDoes) {
     EXPECT_EQ(texts, 1 + 17 + 17 * 17 + 17 * 17 * 17 + 17 * 17 * 17 * 17);
 }
 
-TEST(OptionScanTest, TextsAroundTheLimitOfTheirLengthAreTakenApartAsTheScanDoes) {
+TEST(OptionScanTest, StringsAroundTheMaximumLengthAreSplitAsSscanfDoes) {
     for (size_t colon = 0; colon <= 129; ++colon) {
         for (size_t length = 120; length <= 130; ++length) {
             std::string text(length, '1');
@@ -63,7 +63,7 @@ TEST(OptionScanTest, TextsAroundTheLimitOfTheirLengthAreTakenApartAsTheScanDoes)
     }
 }
 
-TEST(OptionScanTest, AnyBytesAreTakenApartAsTheScanDoes) {
+TEST(OptionScanTest, ArbitraryBytesAreSplitAsSscanfDoes) {
     std::mt19937 random(20261121);
     for (int i = 0; i < 50000; ++i) {
         std::string text(random() % 140, '\0');

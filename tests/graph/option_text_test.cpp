@@ -1,4 +1,4 @@
-// An option's record has its value as json11 dumps it, whatever stands in it.
+// The record of an option contains the value exactly as json11 dumps it.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -23,7 +23,7 @@ TEST(OptionTextTest, EveryPairOfBytesIsWrittenAsDumpDoes) {
     }
 }
 
-TEST(OptionTextTest, BytesThatAreEscapedAreFoundWhereverTheyStand) {
+TEST(OptionTextTest, EscapedBytesAreFoundAtAnyPosition) {
     for (const std::string escaped : {"\"", "\\", "\n", "\x1f", "\x7f", "\xe2\x80\xa8"}) {
         for (size_t place = 0; place < 40; ++place) {
             std::string text(40, 'x');
@@ -72,7 +72,7 @@ TEST(OptionTextTest, AnyDoubleIsWrittenAsDumpDoes) {
     }
 }
 
-TEST(OptionTextTest, WhatIsNeitherTextNorNumberIsWrittenAsDumpDoes) {
+TEST(OptionTextTest, OtherTypesAreWrittenAsDumpDoes) {
     for (const Json& value : {Json(),
                               Json(true),
                               Json(Json::array{}),

@@ -1,4 +1,4 @@
-// Options: how one is converted, and how objects of them are copied.
+// Options: conversion of one option, and copying of option objects.
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -11,7 +11,7 @@ namespace {
 
 class OptionTest : public ParserTest {
 protected:
-    // `calls` are those of the option under "key".
+    // `calls` are the calls for the option under "key".
     void AssertStores(const Json& value, const std::string& calls) {
         EXPECT_EQ(reader.parseOptions(&framework.store, "key", value), 0);
         EXPECT_EQ(framework.takeTrace(), calls) << value.dump();
@@ -21,7 +21,7 @@ protected:
         AssertStores(text, "\nstore.setCString \"key\" " + inQuotes(text) + "\n");
     }
 
-    // Through `setter`, and then shown in a record.
+    // Stored through `setter`, then logged.
     void AssertConverts(const std::string& text,
                         const std::string& setter,
                         const std::string& stored,
@@ -54,8 +54,8 @@ protected:
     }
 };
 
-// A word with other bytes and the same hash: one less in the byte at `place`
-// is worth 131 more in the next.
+// A word with different bytes and the same hash: decreasing the byte at `place`
+// by 1 equals increasing the next byte by 131.
 std::string twinOf(std::string word, size_t place) {
     word[place] = static_cast<char>(word[place] - 1);
     word[place + 1] = static_cast<char>(static_cast<unsigned char>(word[place + 1]) + 131);
@@ -71,7 +71,7 @@ qv_log 6 syncOptions "\033[34m\033[1msync to node options, node info:\033[0m"
 
 // ---- JSON types -------------------------------------------------------------
 
-TEST_F(OptionTest, NumberIsStoredAsInt32WithoutARecord) {
+TEST_F(OptionTest, NumberIsStoredAsInt32AndNotLogged) {
     AssertStores(42, R"(
 store.setInt32 "key" 42
 )");
@@ -80,13 +80,13 @@ store.setInt32 "key" -7
 )");
 }
 
-TEST_F(OptionTest, FractionIsDropped) {
+TEST_F(OptionTest, FractionIsDiscarded) {
     AssertStores(Value("3.9"), R"(
 store.setInt32 "key" 3
 )");
 }
 
-TEST_F(OptionTest, StringIsStoredWholeWithoutARecord) {
+TEST_F(OptionTest, StringIsStoredUnchangedAndNotLogged) {
     for (const char* text : {"", " ", "sync", "rtsp://camera:554/a:b", "42", "0x10", "true"}) {
         AssertStoresWhole(text);
     }
@@ -104,14 +104,14 @@ TEST_F(OptionTest, OtherTypesNeedNoStore) {
 
 // ---- Typed strings ----------------------------------------------------------
 
-TEST_F(OptionTest, Int32IsStoredAndShown) {
+TEST_F(OptionTest, Int32IsStoredAndLogged) {
     AssertStores("int32:42", R"(
 store.setInt32 "key" 42
 qv_log 6 parseOptions "\033[34m\033[1mkey=key value=42\033[0m"
 )");
 }
 
-TEST_F(OptionTest, Int32ReadsWhatItsTextBeginsWith) {
+TEST_F(OptionTest, Int32ReadsTheLeadingNumber) {
     AssertInt32("int32:-42", "-42");
     AssertInt32("int32:+42", "42");
     AssertInt32("int32: \t7", "7");
@@ -123,7 +123,7 @@ TEST_F(OptionTest, Int32ReadsWhatItsTextBeginsWith) {
     AssertInt32("int32:1e3", "1");
 }
 
-TEST_F(OptionTest, Int64IsStoredAndShown) {
+TEST_F(OptionTest, Int64IsStoredAndLogged) {
     AssertStores("int64:0x10", R"(
 store.setInt64 "key" 16
 qv_log 6 parseOptions "\033[34m\033[1mkey=key value=16\033[0m"
@@ -142,20 +142,20 @@ TEST_F(OptionTest, Int64ReadsDecimalHexadecimalAndOctal) {
     AssertInt64("int64: 3", "3");
 }
 
-TEST_F(OptionTest, FloatIsStoredAndShown) {
+TEST_F(OptionTest, FloatIsStoredAndLogged) {
     AssertStores("float:0.5", R"(
 store.setFloat "key" 0.5
 qv_log 6 parseOptions "\033[34m\033[1mkey=key value=0.500000\033[0m"
 )");
 }
 
-TEST_F(OptionTest, FloatIsShownAsItWasStored) {
+TEST_F(OptionTest, FloatIsLoggedAsStored) {
     AssertConverts("float:16777217", "setFloat", "16777216", "16777216.000000");
     AssertConverts("float:0.1", "setFloat", "0.100000001", "0.100000");
     AssertConverts("float:-1e2x", "setFloat", "-100", "-100.000000");
 }
 
-TEST_F(OptionTest, DoubleIsStoredAsFloatAndShownAsItWas) {
+TEST_F(OptionTest, DoubleIsStoredAsFloatAndLoggedAsDouble) {
     AssertStores("double:0.1", R"(
 store.setFloat "key" 0.100000001
 qv_log 6 parseOptions "\033[34m\033[1mkey=key value=0.100000\033[0m"
@@ -164,7 +164,7 @@ qv_log 6 parseOptions "\033[34m\033[1mkey=key value=0.100000\033[0m"
     AssertConverts("double:-123456789.25", "setFloat", "-123456792", "-123456789.250000");
 }
 
-TEST_F(OptionTest, ValueThatIsNoNumberIsZero) {
+TEST_F(OptionTest, ValueThatIsNotANumberIsZero) {
     AssertInt32("int32:abc", "0");
     AssertInt32("int32:-", "0");
     AssertInt64("int64:abc", "0");
@@ -189,13 +189,13 @@ TEST_F(OptionTest, ValueEndsAtTheSecondColon) {
     AssertConverts("double:1.5:9", "setFloat", "1.5", "1.500000");
 }
 
-TEST_F(OptionTest, StringWithoutATypeWordIsStoredWhole) {
+TEST_F(OptionTest, StringWithoutATypeWordIsStoredUnchanged) {
     for (const char* text : {":5", ":", "::", ":int32:5"}) {
         AssertStoresWhole(text);
     }
 }
 
-TEST_F(OptionTest, WordsThatAreNearlyTypesAreStoredWhole) {
+TEST_F(OptionTest, StringsWithSimilarTypeWordsAreStoredUnchanged) {
     for (const char* text : {"Int32:5",
                              "INT32:5",
                              " int32:5",
@@ -216,7 +216,7 @@ TEST_F(OptionTest, WordsThatAreNearlyTypesAreStoredWhole) {
     }
 }
 
-TEST_F(OptionTest, TypeWordIsKnownByItsHash) {
+TEST_F(OptionTest, TypeWordIsRecognisedByItsHash) {
     ASSERT_EQ(twinOf("int32", 3), "int2\xb5");
     for (size_t place = 0; place < 4; ++place) {
         AssertInt32(twinOf("int32", place) + ":42", "42");
@@ -229,34 +229,34 @@ TEST_F(OptionTest, TypeWordIsKnownByItsHash) {
     AssertInt32(twinOf("int32", 3), "0");
 }
 
-TEST_F(OptionTest, HashGoesRoundIn64Bits) {
-    // What lies above 64 bits, 2737 times 2^64, is not in the hash.
+TEST_F(OptionTest, HashWrapsAround64Bits) {
+    // The part above 64 bits, 2737 times 2^64, is not in the hash.
     AssertInt32("!xfMm^AgJd9:42", "42");
     AssertStoresWhole("!xfMm^AgJd8:42");
 }
 
-TEST_F(OptionTest, WordNextToATwinIsStoredWhole) {
+TEST_F(OptionTest, StringWithASimilarHashIsStoredUnchanged) {
     AssertStoresWhole("int2\xb4:42");
     AssertStoresWhole("int2\xb6:42");
 }
 
 // ---- Length -----------------------------------------------------------------
 
-TEST_F(OptionTest, StringsOfUpTo127BytesAreTaken) {
+TEST_F(OptionTest, StringsOfUpTo127BytesAreStored) {
     AssertStoresWhole(std::string(126, 'x'));
     AssertStoresWhole(std::string(127, 'x'));
     AssertInt32("int32:" + std::string(120, '0') + "7", "7");
     AssertInt32("int32:7:" + std::string(119, 'x'), "7");
 }
 
-TEST_F(OptionTest, LongerStringsAreRefused) {
+TEST_F(OptionTest, LongerStringsAreRejected) {
     for (const size_t length : {128U, 129U, 200U, 5000U}) {
         AssertRefuses(std::string(length, 'x'), std::string(length, 'x'));
     }
     AssertRefuses("int32:" + std::string(121, '0') + "7", "int32:" + std::string(121, '0') + "7");
 }
 
-TEST_F(OptionTest, LengthIsInBytes) {
+TEST_F(OptionTest, LengthIsCountedInBytes) {
     std::string text;
     for (int i = 0; i < 63; ++i) {
         text += "\xc3\xa4";
@@ -265,7 +265,7 @@ TEST_F(OptionTest, LengthIsInBytes) {
     EXPECT_EQ(reader.parseOptions(&framework.store, "key", text + "\xc3\xa4"), -68);
 }
 
-TEST_F(OptionTest, TextEndsAtItsFirstNul) {
+TEST_F(OptionTest, StringEndsAtItsFirstNul) {
     AssertStores(Value(R"("sync\u0000tail")"), R"(
 store.setCString "key" "sync"
 )");
@@ -301,7 +301,7 @@ store.setInt32 "key" 42
     AssertRefuses(std::string(128, 'x'), std::string(128, 'x'));
 }
 
-TEST_F(OptionTest, KeyAndTextReachTheRecordAsTheyAre) {
+TEST_F(OptionTest, KeyAndStringAreLoggedUnchanged) {
     reader.parseOptions(&framework.store, "%d\n\033[0m", "int32:1");
     reader.parseOptions(&framework.store, "", "int32:1");
     EXPECT_EQ(framework.takeTrace(), R"(
@@ -325,7 +325,7 @@ store.setInt32 "b" 1
 )");
 }
 
-TEST_F(SyncTest, EveryMemberIsShownAsJsonWhetherItIsStoredOrNot) {
+TEST_F(SyncTest, EveryMemberIsLoggedAsJsonWhetherStoredOrNot) {
     EXPECT_EQ(Sync(R"({"a": null, "b": [1, {"c": true}], "d": "\"\n\u00e4", "e": 2.5,
                        "a_key_longer_than_the_field": {}})"),
               R"(
@@ -340,7 +340,7 @@ store.setInt32 "e" 2
 )");
 }
 
-TEST_F(SyncTest, WhatIsNoObjectLogsTheHeaderAlone) {
+TEST_F(SyncTest, NonObjectLogsOnlyTheHeader) {
     for (const char* options : {"{}", "null", "[1,2]", "5", R"("int32:5")", "false"}) {
         EXPECT_EQ(Sync(options), HEADER) << options;
         EXPECT_EQ(reader.syncOptions(nullptr, Value(options)), 0);
@@ -348,7 +348,7 @@ TEST_F(SyncTest, WhatIsNoObjectLogsTheHeaderAlone) {
     }
 }
 
-TEST_F(SyncTest, OptionThatIsTooLongIsLeftOut) {
+TEST_F(SyncTest, OptionThatIsTooLongIsSkipped) {
     const std::string text(200, 'x');
     EXPECT_EQ(Sync(R"({"a": 1, "b": ")" + text + R"(", "c": 3})"),
               R"(
@@ -384,7 +384,7 @@ qv_log 6 parseOptions "\033[34m\033[1mkey=b value=1.000000\033[0m"
 )");
 }
 
-TEST_F(SyncTest, ExceptionOutOfTheStoreEndsTheCopy) {
+TEST_F(SyncTest, ExceptionFromTheStoreEndsTheCopy) {
     framework.onCall = [](const std::string& call) {
         if (call == R"(store.setInt32 "a" 1)") {
             throw std::runtime_error(call);
@@ -409,7 +409,7 @@ store.setCString "mode" "sync"
 )");
 }
 
-TEST_F(SyncTest, OptionsOfAnExecutorAreInAMemberOfIt) {
+TEST_F(SyncTest, OptionsOfAnExecutorAreInItsMember) {
     Load(R"({"pipe_1": {"executor_4": {"executor_opts": {"priority": 10}, "cpu": 2}}})");
     EXPECT_EQ(reader.syncExecOptions(&framework.store, 1, 4), 0);
     EXPECT_EQ(framework.takeTrace(), R"(
@@ -419,7 +419,7 @@ store.setInt32 "priority" 10
 )");
 }
 
-TEST_F(SyncTest, IdsAreThoseInTheKeysNotPlaces) {
+TEST_F(SyncTest, IdsComeFromTheKeysNotFromPositions) {
     Load(R"({"pipe_0": {"link_7": {"a": 1}, "executor_7": {"executor_opts": {"a": 1}}}})");
     EXPECT_EQ(reader.syncLinkOptions(&framework.store, 0, 0), 0);
     EXPECT_EQ(framework.takeTrace(), HEADER);
@@ -444,7 +444,7 @@ TEST_F(SyncTest, MissingExecutorOrLinkCopiesNothing) {
     }
 }
 
-TEST_F(SyncTest, KeysAreBuiltFromTheFrameworksDecimalText) {
+TEST_F(SyncTest, KeysAreBuiltWithTheFrameworksDecimalText) {
     reader.syncExecOptions(nullptr, 1, 2);
     reader.syncLinkOptions(nullptr, 3, -4);
     EXPECT_EQ(framework.helperCalls.size(), 4U);

@@ -1,4 +1,5 @@
-// The parser on a recording framework: what the tests of this folder share.
+// The parser on a recording framework: the fixture that the tests of this
+// directory share.
 #ifndef QVGRAPH_TESTS_GRAPH_PARSER_TEST_H_
 #define QVGRAPH_TESTS_GRAPH_PARSER_TEST_H_
 
@@ -13,21 +14,20 @@
 
 class ParserTest : public testing::Test {
 protected:
-    // Whatever a test provokes, each of its records follows the rules that hold
-    // for all of them.
+    // Every record of every test follows the rules for all records.
     void TearDown() override {
         for (const LogRecord& record : framework.records) {
             ExpectWellFormed(record);
         }
     }
 
-    // Loads a configuration that is right, as a start.
+    // Loads a valid configuration.
     void Load(const std::string& text) {
         ASSERT_EQ(parser.parseConfigText(text.c_str()), 0);
         ASSERT_EQ(framework.takeTrace(), "\n");
     }
 
-    // A value of a configuration.
+    // Parses a value of a configuration.
     static json11::Json Value(const std::string& text) {
         std::string error;
         json11::Json value = json11::Json::parse(text, error);
@@ -38,7 +38,7 @@ protected:
     RecordingFramework framework;
     QVGraphParser parser;
 
-    // Everything but loading is there for a parser that must not change.
+    // A const parser: everything except loading.
     const QVGraphParser& reader = parser;
 
 private:

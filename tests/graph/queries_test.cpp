@@ -1,4 +1,4 @@
-// Families of keys, and the queries that are built on them.
+// Key families, and the queries that use them.
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,7 +11,7 @@ namespace {
 
 class FamilyTest : public ParserTest {
 protected:
-    // The ids at the indexes from 0 up to one behind the last.
+    // The ids at all indexes from 0 to one past the last.
     std::vector<int> IdsOf(const Json& items, const std::string& tag) {
         std::vector<int> ids;
         const int count = reader.getItemNum(items, tag);
@@ -40,7 +40,7 @@ protected:
         return threads;
     }
 
-    // The record shows the mode as it is configured.
+    // The record contains the configured mode.
     void AssertLinkMode(const std::string& pipe,
                         const std::string& mode,
                         const std::string& logged) {
@@ -59,7 +59,7 @@ const char* const NO_OBJECTS[] = {"null", "[1,2]", "1", R"("node_0")", "true"};
 
 // ---- Families ---------------------------------------------------------------
 
-TEST_F(FamilyTest, MembersThatBeginWithTheTagAreCountedAndAllAreLogged) {
+TEST_F(FamilyTest, MembersWithTheTagAreCountedAndAllMembersAreLogged) {
     const Json items = Value(R"({"node_0": {}, "node_1": {}, "executor_0": {}})");
     EXPECT_EQ(reader.getItemNum(items, "node_"), 2);
     EXPECT_EQ(framework.takeTrace(), R"(
@@ -69,18 +69,18 @@ qv_log 6 getItemNum "\033[34m\033[1mitem name=node_1 , \t tag=node_\033[0m"
 )");
 }
 
-TEST_F(FamilyTest, ThePlainKeyBelongsToTheFamilyOfItsOwnName) {
+TEST_F(FamilyTest, PlainKeyBelongsToTheFamilyOfItsName) {
     const Json items = Value(R"({"stream_input": "", "stream_input_0": "", "stream_fmt_in": ""})");
     EXPECT_EQ(reader.getItemNum(items, "stream_input"), 2);
     EXPECT_EQ(reader.getItemNum(items, "stream_input_"), 1);
 }
 
-TEST_F(FamilyTest, TheTagStandsAtTheBeginningInItsOwnCase) {
+TEST_F(FamilyTest, TagIsACaseSensitivePrefix) {
     const Json items = Value(R"({"node": 0, "Node_1": 0, "my_node_2": 0, "node-3": 0, "": 0})");
     EXPECT_EQ(NamesOf(items, "node_"), std::vector<std::string>({""}));
 }
 
-TEST_F(FamilyTest, EveryMemberBelongsToTheEmptyTag) {
+TEST_F(FamilyTest, EmptyTagMatchesEveryMember) {
     const Json items = Value(R"({"node_0": {}, "5 links": {}, "": {}})");
     EXPECT_EQ(NamesOf(items, ""), (std::vector<std::string>{"", "5 links", "node_0", ""}));
     EXPECT_EQ(IdsOf(items, ""), (std::vector<int>{0, 5, 0, 0}));
@@ -93,7 +93,7 @@ TEST_F(FamilyTest, EmptyObjectHasNoMembers) {
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(FamilyTest, IndexesFollowTheBytesOfTheKeys) {
+TEST_F(FamilyTest, IndexesFollowTheByteOrderOfTheKeys) {
     const Json items = Value(R"({"node_2": {}, "node_10": {}, "link_1": {}})");
     EXPECT_EQ(IdsOf(items, "node_"), (std::vector<int>{10, 2, 0}));
     EXPECT_EQ(NamesOf(items, "node_"), (std::vector<std::string>{"node_10", "node_2", ""}));
@@ -105,7 +105,7 @@ TEST_F(FamilyTest, NameIsTheWholeKey) {
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(FamilyTest, IdIsTheDecimalNumberBehindTheTag) {
+TEST_F(FamilyTest, IdIsTheDecimalNumberAfterTheTag) {
     const std::vector<std::pair<std::string, int>> cases = {
         {"node_0", 0},
         {"node_7", 7},
@@ -140,14 +140,14 @@ TEST_F(FamilyTest, IndexOutsideTheFamilyFindsNothingSilently) {
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(FamilyTest, CountOfWhatIsNoObjectIsSilentlyZero) {
+TEST_F(FamilyTest, CountInANonObjectIsSilentlyZero) {
     for (const char* items : NO_OBJECTS) {
         EXPECT_EQ(reader.getItemNum(Value(items), "node_"), 0) << items;
     }
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(FamilyTest, IdInWhatIsNoObjectIsAnError) {
+TEST_F(FamilyTest, IdInANonObjectIsAnError) {
     for (const char* items : NO_OBJECTS) {
         EXPECT_EQ(reader.getItemIDByIndex(Value(items), 3, "node_"), 0) << items;
         EXPECT_EQ(framework.takeTrace(), R"(
@@ -156,7 +156,7 @@ qv_err 2 getItemIDByIndex "\033[31m\033[1mget item id by index failed, index=3\0
     }
 }
 
-TEST_F(FamilyTest, NameInWhatIsNoObjectIsAnErrorInTheSameWords) {
+TEST_F(FamilyTest, NameInANonObjectIsTheSameError) {
     for (const char* items : NO_OBJECTS) {
         EXPECT_EQ(reader.getItemNameByIndex(Value(items), -1, "node_"), "") << items;
         EXPECT_EQ(framework.takeTrace(), R"(
@@ -165,7 +165,7 @@ qv_err 2 getItemNameByIndex "\033[31m\033[1mget item id by index failed, index=-
     }
 }
 
-TEST_F(FamilyTest, KeysWithNulAreWholeInNamesAndEndThereInRecordsAndIds) {
+TEST_F(FamilyTest, NulInAKeyEndsItInRecordsAndIdsButNotInNames) {
     const Json items = Value(R"({"node_1\u00002": {}, "node_\u00003": {}})");
     EXPECT_EQ(reader.getItemNum(items, "node_"), 2);
     EXPECT_EQ(framework.takeTrace(), R"(
@@ -176,7 +176,7 @@ qv_log 6 getItemNum "\033[34m\033[1mitem name=node_1 , \t tag=node_\033[0m"
     EXPECT_EQ(reader.getItemNameByIndex(items, 1, "node_"), std::string("node_1\0002", 8));
 }
 
-TEST_F(FamilyTest, BytesThatAreNoAsciiSortBehindIt) {
+TEST_F(FamilyTest, NonAsciiBytesSortAfterAscii) {
     const Json items = Value("{\"node_\xff\": 1, \"node_\xc3\xa4\": 1, \"node_z\": 1}");
     EXPECT_EQ(NamesOf(items, "node_"),
               (std::vector<std::string>{"node_z", "node_\xc3\xa4", "node_\xff", ""}));
@@ -184,7 +184,7 @@ TEST_F(FamilyTest, BytesThatAreNoAsciiSortBehindIt) {
 
 // ---- Counts and ids ---------------------------------------------------------
 
-TEST_F(PipeQueriesTest, CountsAreThoseOfTheKinds) {
+TEST_F(PipeQueriesTest, EachKindIsCountedSeparately) {
     Load(R"({"pipe_0": {"node_0": {}, "node_1": {}, "link_0": {}, "thread_opts": {}}})");
     EXPECT_EQ(reader.getNodeNum(0), 2);
     EXPECT_EQ(reader.getExecNum(0), 0);
@@ -203,7 +203,7 @@ qv_log 6 getItemNum "\033[34m\033[1mitem name=node_0 , \t tag=link_\033[0m"
 )");
 }
 
-TEST_F(PipeQueriesTest, IdsAreThoseInTheKeys) {
+TEST_F(PipeQueriesTest, IdsComeFromTheKeys) {
     Load(R"({"pipe_0": {},
              "pipe_1": {"node_3": {}, "node_12": {},
                         "executor_5": {}, "executor_40": {},
@@ -219,14 +219,14 @@ TEST_F(PipeQueriesTest, IdsAreThoseInTheKeys) {
     EXPECT_EQ(framework.takeTrace(), "\n");
 }
 
-TEST_F(PipeQueriesTest, PipeIsFoundByItsKeyNotByItsPlace) {
+TEST_F(PipeQueriesTest, PipeIsFoundByItsKeyNotByItsPosition) {
     Load(R"({"pipe_10": {"node_1": {}}, "pipe_2": {"node_2": {}}, "pipe_02": {"node_3": {}}})");
     EXPECT_EQ(reader.getNodeIDByIndex(2, 0), 2);
     EXPECT_EQ(reader.getNodeIDByIndex(10, 0), 1);
     EXPECT_EQ(reader.getNodeNum(0), 0);
 }
 
-TEST_F(PipeQueriesTest, MissingPipeIsLikeAnEmptyOne) {
+TEST_F(PipeQueriesTest, MissingPipeIsTreatedAsAnEmptyPipe) {
     const char* const documents[] = {
         R"({"camera": {"node_0": {}}})", R"({"pipe_0": []})", R"({"pipe_0": null})", "[]"};
     for (const char* document : documents) {
@@ -244,7 +244,7 @@ qv_log 6 getDefaultLinkMode "\033[34m\033[1mdefault link mode \033[0m"
     }
 }
 
-TEST_F(PipeQueriesTest, IdsOfAMissingPipeAreErrors) {
+TEST_F(PipeQueriesTest, IdQueriesOnAMissingPipeAreErrors) {
     Load("{}");
     EXPECT_EQ(reader.getNodeIDByIndex(0, 1), 0);
     EXPECT_EQ(reader.getExecIDByIndex(-1, 2), 0);
@@ -256,7 +256,7 @@ qv_err 2 getItemIDByIndex "\033[31m\033[1mget item id by index failed, index=3\0
 )");
 }
 
-TEST_F(PipeQueriesTest, ParserWithoutADocumentAnswersAsForMissingPipes) {
+TEST_F(PipeQueriesTest, ParserWithoutADocumentHasNoPipes) {
     EXPECT_EQ(reader.getNodeNum(0), 0);
     EXPECT_EQ(reader.getThreadNum(0), 0);
     EXPECT_EQ(reader.getDefaultLinkMode(0), "none");
@@ -267,7 +267,7 @@ qv_err 2 getItemIDByIndex "\033[31m\033[1mget item id by index failed, index=0\0
 )");
 }
 
-TEST_F(PipeQueriesTest, KeysAreBuiltFromTheFrameworksDecimalText) {
+TEST_F(PipeQueriesTest, KeysAreBuiltWithTheFrameworksDecimalText) {
     Load(R"({"pipe_3": {}})");
     reader.getNodeNum(3);
     reader.getThreadNum(-3);
@@ -277,14 +277,14 @@ TEST_F(PipeQueriesTest, KeysAreBuiltFromTheFrameworksDecimalText) {
 
 // ---- Threads ----------------------------------------------------------------
 
-TEST_F(PipeQueriesTest, ThreadsAreTheNumberNamedSoInAnyCase) {
+TEST_F(PipeQueriesTest, ThreadCountKeyIsCaseInsensitive) {
     EXPECT_EQ(ThreadsOf(R"({"exec_thread_num": 3})"), 3);
     EXPECT_EQ(ThreadsOf(R"({"EXEC_THREAD_NUM": 4})"), 4);
     EXPECT_EQ(ThreadsOf(R"({"a": 9, "eXeC_tHrEaD_nUm": -2, "z": 8})"), -2);
     EXPECT_EQ(ThreadsOf(R"({"exec_thread_num": 0})"), 0);
 }
 
-TEST_F(PipeQueriesTest, ThreadsAreZeroWithoutSuchANumber) {
+TEST_F(PipeQueriesTest, ThreadCountIsZeroWithoutANumber) {
     for (const char* opts : {R"({"exec_thread_num": "4"})",
                              R"({"exec_thread_num": null})",
                              R"({"exec_thread_num": true})",
@@ -323,12 +323,12 @@ TEST_F(PipeQueriesTest, LinkModeIsTheString) {
     AssertLinkMode(R"({"default_mode_link": "int32:5"})", "int32:5", "int32:5");
 }
 
-TEST_F(PipeQueriesTest, LinkModeIsWholeWithNulAndAllAndItsRecordEndsThere) {
+TEST_F(PipeQueriesTest, LinkModeIncludesNulAndItsRecordEndsThere) {
     AssertLinkMode(R"({"default_mode_link": "sy\u0000nc"})", std::string("sy\0nc", 5), "sy");
     AssertLinkMode(R"({"default_mode_link": "\u0000"})", std::string(1, '\0'), "");
 }
 
-TEST_F(PipeQueriesTest, LinkModeIsNoneWhereThereIsNoString) {
+TEST_F(PipeQueriesTest, LinkModeIsNoneWithoutAString) {
     for (const char* pipe : {R"({"default_mode_link": ""})",
                              R"({"default_mode_link": 5})",
                              R"({"default_mode_link": null})",

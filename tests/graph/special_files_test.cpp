@@ -1,5 +1,5 @@
-// Loading from what is no ordinary file, or has no ordinary name. Each gives
-// the stated code at once; the suite's time limit is the watchdog.
+// Loading from special files, and from files with unusual names. Each gives the
+// documented code immediately; the suite's time limit is the watchdog.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -40,13 +40,13 @@ qv_err 2 parseConfigText "\033[31m\033[1mfailed to json11::Json::parse(...), err
 
 }  // namespace
 
-TEST_F(SpecialFilesTest, DevicesWithoutAnEndReadAsEmpty) {
+TEST_F(SpecialFilesTest, EndlessDevicesReadAsEmpty) {
     AssertReadsAsEmpty("/dev/zero");
     AssertReadsAsEmpty("/dev/full");
 }
 
-// The writer closes its end without a byte once there is somebody to read.
-TEST_F(SpecialFilesTest, FifoReadsAsEmptyAsSoonAsItHasAWriter) {
+// The writer closes its end without writing as soon as there is a reader.
+TEST_F(SpecialFilesTest, FifoReadsAsEmptyWhenItHasAWriter) {
     const std::string path = folder.path("fifo");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     std::thread writer([&path] { close(open(path.c_str(), O_WRONLY | O_CLOEXEC)); });
@@ -54,21 +54,21 @@ TEST_F(SpecialFilesTest, FifoReadsAsEmptyAsSoonAsItHasAWriter) {
     writer.join();
 }
 
-TEST_F(SpecialFilesTest, PathBeyondTheLongestIsNotOpened) {
+TEST_F(SpecialFilesTest, PathLongerThanTheMaximumCannotBeOpened) {
     const std::string path = folder.path() + std::string(PATH_MAX - 1 - folder.path().size(), '/');
     AssertReadsAsEmpty(path);
     AssertNotOpened(path + "/");
 }
 
-TEST_F(SpecialFilesTest, NameOfFourThousandBytesIsNotOpened) {
+TEST_F(SpecialFilesTest, NameOfFourThousandBytesCannotBeOpened) {
     AssertNotOpened(std::string(4096, 'n'));
 }
 
-TEST_F(SpecialFilesTest, NameNeedNotBeUtf8) {
+TEST_F(SpecialFilesTest, NameMayBeInvalidUtf8) {
     const std::string path = folder.path("\xff\xfe\x80.json");
     const int descriptor = open(path.c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0600);
     if (descriptor < 0) {
-        GTEST_SKIP() << "no such names here";
+        GTEST_SKIP() << "such names are not supported here";
     }
     ASSERT_EQ(write(descriptor, "[]", 2), 2);
     close(descriptor);

@@ -1,5 +1,6 @@
-// Every record of the parser on the desk's own sink, which writes to standard
-// error: one line each, without a control character of the configuration.
+// Every record of the parser through the host framework's default sink, which
+// writes to standard error: one line each, without any control character of the
+// configuration.
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -20,7 +21,7 @@ protected:
     void SetUp() override { QVNodeRegistry::instance().setStub(true); }
     void TearDown() override { QVNodeRegistry::instance().setStub(false); }
 
-    // Provokes each record but that of a failed assertion.
+    // Provokes every record except that of a failed assertion.
     static void AskEverything(const std::string& document) {
         QVGraphParser parser;
         ASSERT_EQ(parser.parseConfigText(document.c_str()), 0);
@@ -42,7 +43,7 @@ protected:
         parser.parseConfigFile((document + "/nowhere").c_str());
     }
 
-    // The number of records, and, in `written`, what the sink made of them.
+    // Returns the number of records; `written` receives what the sink wrote.
     static size_t RecordsOf(const std::string& document, std::string* written) {
         size_t records = 0;
         {
@@ -65,7 +66,7 @@ TEST_F(SinkTest, EachRecordIsOneHarmlessLine) {
     EXPECT_EQ(harmIn(written), "");
 }
 
-TEST_F(SinkTest, ConversionsAreText) {
+TEST_F(SinkTest, ConversionsAreNotInterpreted) {
     std::string plain;
     std::string written;
     const size_t records = RecordsOf(fullOf("QQQQ"), &plain);

@@ -1,5 +1,4 @@
-// What the framework for the desk allocates and frees, counted for the whole
-// program.
+// What the host framework allocates and frees, counted for the whole program.
 #include <gtest/gtest.h>
 
 #include <new>
@@ -33,10 +32,10 @@ protected:
         RegistryTest::SetUp();
         registry.registerClass(
             {"Bare", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new BareNode; }});
-        SetUpAndEnd();  // the proxy keeps the name, and its tables
+        SetUpAndEnd();  // the proxy keeps the name and its tables
     }
 
-    // Sets up a node that brings no store, and lets its owner end.
+    // Sets up a node without its own store, and destroys its owner.
     static void SetUpAndEnd() {
         QVNodeOwner owner;
         node_proxy_parse_stub_uid(owner.info(), "Bare");
@@ -49,13 +48,13 @@ protected:
 
 }  // namespace
 
-TEST_F(OwnerAllocationTest, OwnerFreesAllThatItsRecordReceived) {
+TEST_F(OwnerAllocationTest, OwnerFreesEverythingThatItsRecordReceived) {
     const int before = allocations.living;
     SetUpAndEnd();
     EXPECT_EQ(allocations.living, before);
 }
 
-TEST_F(OwnerAllocationTest, OwnerFreesWhatWasMadeBeforeTheMemoryRanOut) {
+TEST_F(OwnerAllocationTest, OwnerFreesWhatWasCreatedBeforeMemoryRanOut) {
     const int before = allocations.living;
     int failures = 0;
     bool failed = true;
@@ -71,12 +70,12 @@ TEST_F(OwnerAllocationTest, OwnerFreesWhatWasMadeBeforeTheMemoryRanOut) {
         ASSERT_EQ(allocations.living, before) << "allocation " << failures << " failed";
     }
     EXPECT_FALSE(failed);
-    // A node, its store, two vectors, five managers, an option of two.
+    // A node, its store, two vectors, five managers, one of two options.
     EXPECT_GE(failures, 10);
 }
 
-// A stream that could not be added is not there, and its id is not used up.
-TEST(TaskGraphAllocationTest, NoStreamIsHalfThereWhenTheMemoryRanOut) {
+// If a stream cannot be added, it does not exist, and its id remains free.
+TEST(TaskGraphAllocationTest, NoPartialStreamRemainsAfterMemoryRanOut) {
     QVHostTaskGraph graph;
     for (int stream = 0; stream < 40; ++stream) {
         const std::string name = "a name that is not kept in place: " + std::to_string(stream);

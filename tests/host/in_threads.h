@@ -1,4 +1,4 @@
-// Runs one piece of work in several threads at once.
+// Runs the same work in several threads at once.
 #ifndef QVGRAPH_TESTS_HOST_IN_THREADS_H_
 #define QVGRAPH_TESTS_HOST_IN_THREADS_H_
 
@@ -8,7 +8,7 @@
 #include <vector>
 
 // Calls `work(number)` in `count` threads, numbered from 0, which start
-// together. Returns when all have ended.
+// together. Returns after all of them have ended.
 template <typename Work>
 void inThreads(int count, const Work& work) {
     std::atomic<int> missing{count};

@@ -1,5 +1,5 @@
-// What stands at the edges of the desk's logger: characters beside those that
-// are escaped, and formats that the C library refuses.
+// Edge cases of the host framework's logger: the neighbours of the escaped
+// characters, and formats that the C library rejects.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// The data as it stands in a line.
+// The data as it appears in a line.
 std::string shown(const std::string& data) {
     const std::string line = qv_log_line({1, 2, "tag", "%s", "function", 7, data.c_str()}, false);
     const std::string start = "tag error function:7: ";
@@ -24,7 +24,7 @@ struct Character {
 
 }  // namespace
 
-TEST(LogLimitsTest, CharactersThatSteerLinesAndDirectionsAreEscaped) {
+TEST(LogLimitsTest, LineAndDirectionControlCharactersAreEscaped) {
     for (const Character& character : std::vector<Character>{
              {"\u009f", "\\xc2\\x9f"},
              {"\u200e", "\\xe2\\x80\\x8e"},
@@ -40,7 +40,7 @@ TEST(LogLimitsTest, CharactersThatSteerLinesAndDirectionsAreEscaped) {
     }
 }
 
-TEST(LogLimitsTest, TheirNeighboursAreText) {
+TEST(LogLimitsTest, TheirNeighboursAreUnchanged) {
     for (const char* text : {" ",
                              "~",
                              "\u00a0",
@@ -55,13 +55,13 @@ TEST(LogLimitsTest, TheirNeighboursAreText) {
     }
 }
 
-TEST(LogLimitsTest, OnlyTheColourOfTheFormatIsTakenOff) {
+TEST(LogLimitsTest, OnlyTheColourOfTheFormatIsRemoved) {
     const QVLogRecord record = {1, 2, "tag", QV_LOG_RED "%s", "function", 7, "no colour"};
     EXPECT_EQ(qv_log_line(record, false), "tag error function:7: no colour");
 }
 
-// A wide character that is none cannot be formatted.
-TEST(LogLimitsTest, RecordThatCannotBeFormattedIsItsFormat) {
+// An invalid wide character cannot be formatted.
+TEST(LogLimitsTest, RecordThatCannotBeFormattedShowsItsFormat) {
     std::string message;
     const QVLogScope log(QV_LOG_ERROR,
                          [&](const QVLogRecord& record) { message = record.message; });

@@ -1,4 +1,4 @@
-// The desk's logger.
+// The host framework's logger.
 #include "host/qv_host_log.h"
 
 #include <fcntl.h>
@@ -21,7 +21,7 @@
 #include "tests/host/in_threads.h"
 #include "tests/support/aborts.h"
 
-// As a source of the parser would.
+// As a source file of the parser defines them.
 #define QV_LOG_MODULE 0x18181802U
 #define QV_LOG_TAG "QVGraphParser"
 #define QV_LOG_FUNCTION "check"
@@ -31,8 +31,8 @@ namespace {
 static_assert(!std::is_copy_constructible<QVLogScope>::value);
 static_assert(!std::is_copy_assignable<QVLogScope>::value);
 
-// Level and sink belong to the whole process: tests find them as they are at
-// first, and leave them so.
+// Level and sink are process-wide: each test starts with the defaults and
+// restores them.
 class LogTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -71,18 +71,18 @@ const std::string BEGIN = "tag error function:7: ";
 
 // ---- Level ------------------------------------------------------------------
 
-TEST_F(LogTest, LevelIsErrorAtFirst) {
+TEST_F(LogTest, DefaultLevelIsError) {
     EXPECT_EQ(qv_log_level(), QV_LOG_ERROR);
 }
 
-TEST_F(LogTest, LevelIsWhatWasSet) {
+TEST_F(LogTest, LevelCanBeSet) {
     for (const int level : {6, 5, 0, -1, 1000}) {
         qv_log_set_level(level);
         EXPECT_EQ(qv_log_level(), level);
     }
 }
 
-TEST_F(LogTest, RecordsOfTheLevelAndMoreSevereOnesPass) {
+TEST_F(LogTest, RecordsAtTheLevelAndMoreSevereOnesPass) {
     Listen();
     const std::vector<std::pair<int, Messages>> passing = {
         {1, {"1"}},
@@ -101,7 +101,7 @@ TEST_F(LogTest, RecordsOfTheLevelAndMoreSevereOnesPass) {
     }
 }
 
-TEST_F(LogTest, ErrorsAreFilteredByTheirLevelToo) {
+TEST_F(LogTest, ErrorsAreFilteredByTheirLevel) {
     Listen();
     Err("passes");
     qv_log_set_level(QV_LOG_ERROR - 1);
@@ -110,7 +110,7 @@ TEST_F(LogTest, ErrorsAreFilteredByTheirLevelToo) {
 }
 
 TEST_F(LogTest, RecordBelowTheFilterIsNotFormatted) {
-    // Reading the text would end the process.
+    // Reading the text would crash the process.
     const auto* const unreadable = reinterpret_cast<const char*>(1);
     Listen();
     Log(QV_LOG_NOTICE, unreadable);
@@ -122,7 +122,7 @@ TEST_F(LogTest, RecordBelowTheFilterIsNotFormatted) {
 
 namespace {
 
-// A record outlives its call here.
+// A copy of a record that outlives the call.
 struct KeptRecord {
     uint32_t module;
     int level;
@@ -170,7 +170,7 @@ TEST_F(LogTest, SinkReceivesEveryFieldOfAnErrorRecord) {
     EXPECT_EQ(records, std::vector<KeptRecord>{expected});
 }
 
-TEST_F(LogTest, MessagesOfEveryLengthAreWhole) {
+TEST_F(LogTest, MessagesOfEveryLengthAreComplete) {
     Listen();
     for (const size_t length : {0U, 1U, 510U, 511U, 512U, 513U, 1024U, 100000U}) {
         const std::string text(length, 'x');
@@ -188,13 +188,13 @@ TEST_F(LogTest, LongMessagesKeepAllTheirArguments) {
     EXPECT_EQ(messages, Messages{"42 " + text + " 0.5 end ."});
 }
 
-TEST_F(LogTest, ConversionsInTheDataAreText) {
+TEST_F(LogTest, ConversionsInTheDataAreNotInterpreted) {
     Listen();
     Log(QV_LOG_ERROR, "%n%s%d%%%1000000d");
     EXPECT_EQ(messages, Messages{"%n%s%d%%%1000000d"});
 }
 
-TEST_F(LogTest, ReplacedSinkIsReturned) {
+TEST_F(LogTest, SettingASinkReturnsThePreviousOne) {
     std::string calls;
     const QVLogRecord record = {1, 2, "tag", "%s", "function", 1, "message"};
     EXPECT_FALSE(qv_log_set_sink([&](const QVLogRecord&) { calls += 'a'; }));
@@ -215,7 +215,7 @@ TEST_F(LogTest, ReplacedSinkIsReturned) {
     EXPECT_FALSE(qv_log_set_sink(nullptr));
 }
 
-TEST_F(LogTest, ExceptionOfASinkGoesToTheCaller) {
+TEST_F(LogTest, ExceptionFromASinkPropagatesToTheCaller) {
     qv_log_set_sink([](const QVLogRecord& record) { throw std::runtime_error(record.message); });
     for (const auto& log : {+[] { Log(QV_LOG_ERROR, "text"); }, +[] { Err("text"); }}) {
         try {
@@ -228,8 +228,8 @@ TEST_F(LogTest, ExceptionOfASinkGoesToTheCaller) {
     Log(QV_LOG_INFO, "does not pass, and so does not throw");
 
     Listen();
-    Err("goes on");
-    EXPECT_EQ(messages, Messages{"goes on"});
+    Err("continues");
+    EXPECT_EQ(messages, Messages{"continues"});
 }
 
 TEST_F(LogTest, SinkMayLog) {
@@ -244,7 +244,7 @@ TEST_F(LogTest, SinkMayLog) {
     EXPECT_EQ(calls, "outer inner");
 }
 
-TEST_F(LogTest, SinkMayReplaceItselfAndLivesUntilItReturns) {
+TEST_F(LogTest, SinkThatReplacesItselfLivesUntilItReturns) {
     std::string last;
     const std::string own = "the sink's own text, too long to be kept in place";
     qv_log_set_sink([this, &last, own](const QVLogRecord&) {
@@ -259,7 +259,7 @@ TEST_F(LogTest, SinkMayReplaceItselfAndLivesUntilItReturns) {
 
 // ---- Scope ------------------------------------------------------------------
 
-TEST_F(LogTest, ScopeSetsLevelAndSinkAndPutsThemBack) {
+TEST_F(LogTest, ScopeSetsAndRestoresLevelAndSink) {
     Listen();
     qv_log_set_level(QV_LOG_NOTICE);
     Messages inner;
@@ -276,7 +276,7 @@ TEST_F(LogTest, ScopeSetsLevelAndSinkAndPutsThemBack) {
     EXPECT_EQ(messages, Messages{"outside"});
 }
 
-TEST_F(LogTest, ScopePutsLevelAndSinkBackBehindAnException) {
+TEST_F(LogTest, ScopeRestoresLevelAndSinkAfterAnException) {
     Listen();
     const auto fail = [](const QVLogRecord& record) { throw std::runtime_error(record.message); };
     try {
@@ -303,7 +303,7 @@ TEST_F(LogTest, ScopesNest) {
     EXPECT_EQ(calls, "io");
 }
 
-TEST_F(LogTest, ScopePutsStandardErrorBack) {
+TEST_F(LogTest, ScopeRestoresStandardError) {
     {
         const QVLogScope scope(QV_LOG_INFO, [](const QVLogRecord&) {});
     }
@@ -314,7 +314,7 @@ TEST_F(LogTest, ScopePutsStandardErrorBack) {
 
 namespace {
 
-// Fail the assertion, and the check.
+// Functions whose assertion and check fail.
 constexpr int ASSERTION_LINE = __LINE__ + 2;
 void failAssertion() {
     QV_ASSERT(1 == 2, "text %d");
@@ -327,7 +327,7 @@ int failCheck() {
 
 }  // namespace
 
-TEST_F(LogTest, RecordOfAFailedAssertionIsKnownAndMayBeThrownFrom) {
+TEST_F(LogTest, SinkRecognisesAFailedAssertionAndMayThrow) {
     qv_log_set_sink([](const QVLogRecord& record) {
         if (qv_log_is_assertion(record)) {
             throw std::runtime_error("would abort");
@@ -336,13 +336,13 @@ TEST_F(LogTest, RecordOfAFailedAssertionIsKnownAndMayBeThrownFrom) {
     EXPECT_THROW(failAssertion(), std::runtime_error);
 }
 
-TEST_F(LogTest, OtherRecordsAreNoAssertions) {
+TEST_F(LogTest, OtherRecordsAreNotAssertions) {
     const std::vector<const char*> formats = {
         CHECK_UE_FORMAT, "", "%s", "Assertion %s failed at %s:%d\n", QV_ASSERT_FORMAT " "};
     for (const char* const format : formats) {
         EXPECT_FALSE(qv_log_is_assertion({1, 2, "tag", format, "function", 1, "message"}));
     }
-    // The format decides, not what the message looks like.
+    // The format decides, not the text of the message.
     EXPECT_FALSE(qv_log_is_assertion({1, 2, "tag", "%s", "function", 1, QV_ASSERT_FORMAT}));
     const std::string copy = QV_ASSERT_FORMAT;
     EXPECT_TRUE(qv_log_is_assertion({1, 2, "tag", copy.c_str(), "function", 1, ""}));
@@ -363,7 +363,7 @@ TEST_F(LogTest, FailedAssertionIsWrittenToStandardErrorBeforeTheAbort) {
 
 // ---- One line ---------------------------------------------------------------
 
-TEST(LogLineTest, NamesWhoSaysWhatAndWhere) {
+TEST(LogLineTest, NamesTagLevelFunctionLineAndMessage) {
     const QVLogRecord record = {0x18181802,
                                 QV_LOG_ERROR,
                                 "QVGraphParser",
@@ -389,7 +389,7 @@ TEST(LogLineTest, NamesEachLevel) {
     }
 }
 
-TEST(LogLineTest, HasTheColourOfItsFormatWhereColourIsWanted) {
+TEST(LogLineTest, HasTheColourOfItsFormatIfRequested) {
     EXPECT_EQ(lineOf(QV_LOG_RED "%s" QV_LOG_PLAIN, QV_LOG_RED "text" QV_LOG_PLAIN, true),
               "\033[31m\033[1m" + BEGIN + "text\033[0m");
     EXPECT_EQ(lineOf(QV_LOG_BLUE "%s" QV_LOG_PLAIN, QV_LOG_BLUE "text" QV_LOG_PLAIN, true),
@@ -397,7 +397,7 @@ TEST(LogLineTest, HasTheColourOfItsFormatWhereColourIsWanted) {
     EXPECT_EQ(lineOf("%s", "text", true), BEGIN + "text");
 }
 
-TEST(LogLineTest, HasNoColourWhereNoneIsWanted) {
+TEST(LogLineTest, HasNoColourUnlessRequested) {
     EXPECT_EQ(lineOf(QV_LOG_RED "%s" QV_LOG_PLAIN, QV_LOG_RED "text" QV_LOG_PLAIN), BEGIN + "text");
     EXPECT_EQ(lineOf(QV_LOG_BLUE "%s" QV_LOG_PLAIN, QV_LOG_BLUE "text" QV_LOG_PLAIN),
               BEGIN + "text");
@@ -412,7 +412,7 @@ TEST(LogLineTest, EndsWithoutTheNewlineOfItsFormat) {
               BEGIN + "text");
 }
 
-TEST(LogLineTest, WhatTheDataBeginsAndEndsWithIsTheDatas) {
+TEST(LogLineTest, ColoursAndNewlinesAtTheEdgesOfTheDataAreEscaped) {
     const std::string plain = R"(\x1b[0m)";
     const std::string red = R"(\x1b[31m\x1b[1m)";
     EXPECT_EQ(lineOf("%s", "text\n"), BEGIN + R"(text\x0a)");
@@ -425,12 +425,12 @@ TEST(LogLineTest, WhatTheDataBeginsAndEndsWithIsTheDatas) {
               "\033[31m\033[1m" + BEGIN + red + R"(text\x0a)" + plain + "\033[0m");
 }
 
-TEST(LogLineTest, EmptyMessageLeavesItsPlaceAlone) {
+TEST(LogLineTest, EmptyMessageLeavesOnlyThePrefix) {
     EXPECT_EQ(lineOf("%s", ""), BEGIN);
     EXPECT_EQ(lineOf(QV_LOG_RED "%s\n" QV_LOG_PLAIN, QV_LOG_RED "\n" QV_LOG_PLAIN), BEGIN);
 }
 
-TEST(LogLineTest, TagAndFunctionAreEscapedToo) {
+TEST(LogLineTest, TagAndFunctionAreEscaped) {
     EXPECT_EQ(qv_log_line({1, 2, "t\033ag", "%s", "fun\nction", 7, "text"}, false),
               R"(t\x1bag error fun\x0action:7: text)");
 }
@@ -452,7 +452,7 @@ std::string escaped(const std::string& bytes) {
     return text;
 }
 
-// The data as it stands in a line, with neighbours that must not suffer.
+// The data as it appears in a line, with neighbours that must not change.
 std::string shown(const std::string& data) {
     const std::string line = lineOf("%s", "<" + data + ">");
     EXPECT_EQ(line.substr(0, BEGIN.size() + 1), BEGIN + '<');
@@ -490,16 +490,16 @@ TEST(LogLineTest, SingleBytesThatAreNotUtf8AreEscaped) {
     }
 }
 
-TEST(LogLineTest, SequencesThatAreUtf8) {
+TEST(LogLineTest, ValidUtf8IsUnchanged) {
     const std::vector<std::string> valid = {
-        "\xc3\xa4",                  // a letter with two dots
+        "\xc3\xa4",                  // a letter of two bytes
         "\xe6\x97\xa5\xe6\x9c\xac",  // two letters of three bytes
-        "\xf0\x9f\x98\x80",          // a face of four bytes
-        "\xc2\xa0",                  // the first behind the controls, U+00A0
+        "\xf0\x9f\x98\x80",          // an emoji of four bytes
+        "\xc2\xa0",                  // the first after the controls, U+00A0
         "\xdf\xbf",                  // the last of two bytes
         "\xe0\xa0\x80",              // the first of three
         "\xed\x9f\xbf",              // the last before the surrogates
-        "\xee\x80\x80",              // the first behind them
+        "\xee\x80\x80",              // the first after the surrogates
         "\xef\xbf\xbf",              // the last of three bytes
         "\xf0\x90\x80\x80",          // the first of four
         "\xf4\x8f\xbf\xbf",          // the last of all, U+10FFFF
@@ -509,12 +509,12 @@ TEST(LogLineTest, SequencesThatAreUtf8) {
     }
 }
 
-TEST(LogLineTest, SequencesThatAreNotUtf8) {
+TEST(LogLineTest, InvalidUtf8IsEscaped) {
     const std::vector<std::string> invalid = {
-        "\xc3",                      // cut short
+        "\xc3",                      // truncated
         "\xe6\x97",                  //
         "\xf0\x9f\x98",              //
-        "\x80\x80",                  // no beginning
+        "\x80\x80",                  // no leading byte
         "\xc0\x80",                  // overlong NUL
         "\xc0\x9b",                  // overlong ESC
         "\xc1\xbf",                  // overlong DEL
@@ -524,7 +524,7 @@ TEST(LogLineTest, SequencesThatAreNotUtf8) {
         "\xf0\x8f\xbf\xbf",          // overlong, the last of three bytes
         "\xed\xa0\x80",              // the first surrogate
         "\xed\xbf\xbf",              // the last surrogate
-        "\xf4\x90\x80\x80",          // behind U+10FFFF
+        "\xf4\x90\x80\x80",          // above U+10FFFF
         "\xf8\x88\x80\x80\x80",      // five bytes
         "\xfc\x84\x80\x80\x80\x80",  // six bytes
         "\xfe\xff",                  // a byte order mark of another encoding
@@ -534,7 +534,7 @@ TEST(LogLineTest, SequencesThatAreNotUtf8) {
     }
 }
 
-TEST(LogLineTest, TextGoesOnBehindWhatIsEscaped) {
+TEST(LogLineTest, TextContinuesAfterAnEscape) {
     EXPECT_EQ(shown("\xe6\x97"
                     "A\xc3\xa4\xff\xc3\xa4\x1b"),
               "\\xe6\\x97A\xc3\xa4\\xff\xc3\xa4\\x1b");
@@ -566,7 +566,7 @@ private:
     bool mTaken = false;
 };
 
-// A terminal of our own, as standard error until it ends.
+// A pseudo-terminal that is standard error during its lifetime.
 class Terminal {
 public:
     Terminal() : mMaster(posix_openpt(O_RDWR | O_NOCTTY)) {
@@ -576,7 +576,7 @@ public:
         EXPECT_GE(slave, 0);
         termios settings = {};
         EXPECT_EQ(tcgetattr(slave, &settings), 0);
-        cfmakeraw(&settings);  // a newline stays a newline
+        cfmakeraw(&settings);  // keeps newlines unchanged
         EXPECT_EQ(tcsetattr(slave, TCSANOW, &settings), 0);
         fflush(stderr);
         mBefore = dup(STDERR_FILENO);
@@ -590,7 +590,7 @@ public:
     Terminal(const Terminal&) = delete;
     Terminal& operator=(const Terminal&) = delete;
 
-    // Everything written to it. It is standard error no more.
+    // Everything written to it. Afterwards it is no longer standard error.
     std::string written() {
         giveBack();
         std::string text;
@@ -617,14 +617,14 @@ private:
 
 }  // namespace
 
-TEST_F(StandardErrorTest, ErrorsAreWrittenThereAtFirstOneLineEachWithoutColour) {
+TEST_F(StandardErrorTest, ReceivesErrorsByDefaultOneLineEachWithoutColour) {
     qv_err(1, 2, "tag", QV_LOG_RED "%s" QV_LOG_PLAIN, "function", 7, "one");
     qv_err(1, 2, "tag", QV_LOG_RED "%s\n" QV_LOG_PLAIN, "function", 8, "two");
     qv_log(1, 5, "tag", "%s", "function", 9, "below the filter");
     EXPECT_EQ(Written(), "tag error function:7: one\ntag error function:8: two\n");
 }
 
-TEST_F(StandardErrorTest, EmptySinkStandsForIt) {
+TEST_F(StandardErrorTest, EmptySinkMeansStandardError) {
     Listen();
     Err("to the sink");
     qv_log_set_sink(QVLogSink());
@@ -634,24 +634,24 @@ TEST_F(StandardErrorTest, EmptySinkStandsForIt) {
     EXPECT_EQ(messages, Messages{"to the sink"});
 }
 
-TEST_F(StandardErrorTest, NoSinkOfACallerReachesIt) {
+TEST_F(StandardErrorTest, ReceivesNothingWhileASinkIsSet) {
     Listen();
     Err("to the sink");
     EXPECT_EQ(Written(), "");
 }
 
-TEST_F(StandardErrorTest, DataNeitherAddsLinesNorConverts) {
+TEST_F(StandardErrorTest, DataAddsNoLinesAndNoConversions) {
     qv_err(1, 2, "tag", "%s", "function", 7, "%n%s\r\n\033[2J\xff\xc3\xa4");
     EXPECT_EQ(Written(), "tag error function:7: %n%s\\x0d\\x0a\\x1b[2J\\xff\xc3\xa4\n");
 }
 
-TEST_F(StandardErrorTest, LongLinesAreWhole) {
+TEST_F(StandardErrorTest, LongLinesAreComplete) {
     const std::string text(100000, 'x');
     qv_err(1, 2, "tag", "%s", "function", 7, text.c_str());
     EXPECT_EQ(Written(), "tag error function:7: " + text + "\n");
 }
 
-TEST_F(LogTest, TerminalGetsColourAndNoControlCharacterOfTheData) {
+TEST_F(LogTest, TerminalReceivesColourButNoControlCharactersOfTheData) {
     qv_log_set_level(QV_LOG_INFO);
     Terminal terminal;
     qv_err(1, 2, "tag", QV_LOG_RED "%s\n" QV_LOG_PLAIN, "function", 7, "\033[2J\r\n");
@@ -665,7 +665,7 @@ TEST_F(LogTest, TerminalGetsColourAndNoControlCharacterOfTheData) {
 
 // ---- Threads ----------------------------------------------------------------
 
-TEST_F(StandardErrorTest, ThreadsWriteWholeLines) {
+TEST_F(StandardErrorTest, ThreadsWriteCompleteLines) {
     constexpr int THREADS = 4;
     constexpr int RECORDS = 200;
     const std::string padding(700, '.');
@@ -691,7 +691,7 @@ TEST_F(StandardErrorTest, ThreadsWriteWholeLines) {
     EXPECT_EQ(lines, expected);
 }
 
-TEST_F(LogTest, EachRecordGoesToOneOfTheSinksThatThreadsSet) {
+TEST_F(LogTest, EachRecordReachesOneOfTheSinksThatThreadsSet) {
     std::atomic<int> first{0};
     std::atomic<int> second{0};
     const QVLogSink firstSink = [&](const QVLogRecord&) { ++first; };

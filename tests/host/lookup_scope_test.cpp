@@ -1,4 +1,4 @@
-// Lookups of options as other types than they have.
+// Lookups of options as types that they do not have.
 #include "host/qv_lookup_scope.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ protected:
         store.setInt32("rate", 25);
     }
 
-    // "key: type", one a line.
+    // "key: type", one per line.
     static std::string MissesOf(const QVLookupScope& lookups, const QvMetaData& store) {
         static const char* const TYPES[] = {"string", "int32", "int64", "float"};
         std::string misses;
@@ -34,7 +34,7 @@ protected:
     float real = 0;
 };
 
-TEST_F(LookupScopeTest, ALookupAsAnotherTypeIsAMiss) {
+TEST_F(LookupScopeTest, LookupAsADifferentTypeIsAMiss) {
     const QVLookupScope lookups;
     store.setCString("url", "25");
     store.setFloat("zoom", 1.5F);
@@ -45,21 +45,21 @@ TEST_F(LookupScopeTest, ALookupAsAnotherTypeIsAMiss) {
     EXPECT_EQ(MissesOf(lookups, store), "gain: float\nrate: string\nurl: int32\nzoom: int64\n");
 }
 
-TEST_F(LookupScopeTest, TheLastTypeCounts) {
+TEST_F(LookupScopeTest, LastRequestedTypeWins) {
     const QVLookupScope lookups;
     store.findFloat("gain", &real);
     store.findInt64("gain", &int64);
     EXPECT_EQ(MissesOf(lookups, store), "gain: int64\n");
 }
 
-TEST_F(LookupScopeTest, WhatIsFoundOrIsNotThereIsNoMiss) {
+TEST_F(LookupScopeTest, FoundAndAbsentOptionsAreNotMisses) {
     const QVLookupScope lookups;
     store.findInt32("gain", &int32);
     store.findFloat("zoom", &real);
     EXPECT_EQ(MissesOf(lookups, store), "");
 }
 
-TEST_F(LookupScopeTest, WhatIsFoundInTheEndIsNoMiss) {
+TEST_F(LookupScopeTest, OptionThatIsFoundLaterIsNotAMiss) {
     const QVLookupScope lookups;
     store.findFloat("gain", &real);
     store.findFloat("rate", &real);
@@ -67,7 +67,7 @@ TEST_F(LookupScopeTest, WhatIsFoundInTheEndIsNoMiss) {
     EXPECT_EQ(MissesOf(lookups, store), "rate: float\n");
 }
 
-TEST_F(LookupScopeTest, StoresAreToldApart) {
+TEST_F(LookupScopeTest, StoresAreDistinguished) {
     QVHostMetaData other;
     other.setInt32("gain", 1);
     const QVLookupScope lookups;
@@ -77,7 +77,7 @@ TEST_F(LookupScopeTest, StoresAreToldApart) {
     EXPECT_EQ(MissesOf(lookups, other), "");
 }
 
-TEST_F(LookupScopeTest, TheInnerScopeWatches) {
+TEST_F(LookupScopeTest, InnermostScopeRecords) {
     const QVLookupScope outer;
     {
         const QVLookupScope inner;
@@ -88,7 +88,7 @@ TEST_F(LookupScopeTest, TheInnerScopeWatches) {
     EXPECT_EQ(MissesOf(outer, store), "rate: float\n");
 }
 
-TEST_F(LookupScopeTest, WatchesAllThreads) {
+TEST_F(LookupScopeTest, RecordsLookupsOfAllThreads) {
     const QVLookupScope lookups;
     inThreads(4, [this](int /*number*/) {
         for (int i = 0; i < 1000; ++i) {

@@ -1,4 +1,4 @@
-// The desk's option store.
+// The host framework's option store.
 #include "host/qv_host_meta_data.h"
 
 #include <gtest/gtest.h>
@@ -25,12 +25,12 @@ struct AsText {
     }
 };
 
-// One type of value: how it is set and how it is found.
+// One type of value: its setter and its finder.
 struct Type {
     const char* name;
     std::function<int(QvMetaData*, const char*)> set;
-    // Finds into a variable of the type, which holds `untouched` before;
-    // `left` tells whether it still does.
+    // Finds into a variable of the type, which contains `untouched` before the
+    // call; `left` reports whether it still does.
     std::function<int(QvMetaData*, const char*, bool* left)> find;
 };
 
@@ -44,7 +44,7 @@ auto finder(int (QvMetaData::*find)(const char*, Value*), Value untouched) {
     };
 }
 
-// The values are such that one could be taken for another.
+// Each value would also be a plausible value of the other types.
 const std::vector<Type>& types() {
     static const std::vector<Type> all = {
         {"string",
@@ -64,8 +64,7 @@ const std::vector<Type>& types() {
 
 class MetaDataTest : public testing::Test {
 protected:
-    // Everything stored, in the order of iteration: "key: type value", one a
-    // line.
+    // All entries in iteration order: "key: type value", one per line.
     void AssertStored(const std::string& expected) {
         std::string actual;
         for (const auto& [key, value] : entries) {
@@ -74,8 +73,8 @@ protected:
         EXPECT_EQ(actual, expected);
     }
 
-    // Exactly the finder of `type` finds something under `key`; the others
-    // leave their values alone.
+    // Only the finder of `type` finds a value under `key`; the others leave their
+    // variables unchanged.
     void AssertFoundAs(const std::string& type, const char* key) {
         for (const Type& other : types()) {
             bool left = false;
@@ -91,13 +90,13 @@ protected:
         return text != nullptr ? text : "(null)";
     }
 
-    QVHostMetaData desk;
+    QVHostMetaData hostStore;
 
     // As the parser sees it.
-    QvMetaData& store = desk;
+    QvMetaData& store = hostStore;
 
-    // Taken once: it follows every change.
-    const QVHostMetaData::Entries& entries = desk.entries();
+    // Obtained once: it reflects every later change.
+    const QVHostMetaData::Entries& entries = hostStore.entries();
 };
 
 }  // namespace
@@ -120,7 +119,7 @@ TEST_F(MetaDataTest, SettersSucceedAndKeepTheTypes) {
         "name: string Camera#front\n");
 }
 
-TEST_F(MetaDataTest, TypesAreToldInThisOrder) {
+TEST_F(MetaDataTest, TypesHaveTheDocumentedIndexes) {
     for (size_t index = 0; index < types().size(); ++index) {
         EXPECT_EQ(types()[index].set(&store, "key"), 0);
         EXPECT_EQ(entries.at("key").index(), index) << types()[index].name;
@@ -134,7 +133,7 @@ TEST_F(MetaDataTest, FindersFindTheirOwnTypeAndConvertNothing) {
     }
 }
 
-TEST_F(MetaDataTest, FindersSayWhatWasSet) {
+TEST_F(MetaDataTest, FindersReturnTheValueThatWasSet) {
     store.setCString("string", "text");
     store.setInt32("int32", -5);
     store.setInt64("int64", -6);
@@ -152,7 +151,7 @@ TEST_F(MetaDataTest, FindersSayWhatWasSet) {
     EXPECT_EQ(real, -7.5F);
 }
 
-TEST_F(MetaDataTest, SetterReplacesWhateverTypeStoodUnderItsKey) {
+TEST_F(MetaDataTest, SetterReplacesAValueOfAnyType) {
     for (const Type& before : types()) {
         for (const Type& after : types()) {
             SCOPED_TRACE(std::string(before.name) + " becomes " + after.name);
@@ -164,8 +163,8 @@ TEST_F(MetaDataTest, SetterReplacesWhateverTypeStoodUnderItsKey) {
     }
 }
 
-TEST_F(MetaDataTest, SetterReplacesTheValueOfItsOwnType) {
-    store.setCString("name", "a longer text than the one behind it");
+TEST_F(MetaDataTest, SetterReplacesAValueOfItsOwnType) {
+    store.setCString("name", "a longer text than the one after it");
     store.setCString("name", "short");
     store.setInt32("number", 1);
     store.setInt32("number", 2);
@@ -239,7 +238,7 @@ TEST_F(MetaDataTest, FoundStringStaysValidWhileItsEntryExists) {
     }
 }
 
-TEST_F(MetaDataTest, FoundStringMayBeSetUnderItsOwnKeyAndUnderAnother) {
+TEST_F(MetaDataTest, FoundStringMayBeSetUnderTheSameOrAnotherKey) {
     const std::string text = "a text that is too long to be kept in place";
     store.setCString("key", text.c_str());
     const char* found = nullptr;
@@ -249,7 +248,7 @@ TEST_F(MetaDataTest, FoundStringMayBeSetUnderItsOwnKeyAndUnderAnother) {
     AssertStored("key: string " + text + "\nother: string " + text + "\n");
 }
 
-TEST_F(MetaDataTest, RemoveForgetsOneEntry) {
+TEST_F(MetaDataTest, RemoveRemovesOneEntry) {
     for (const Type& type : types()) {
         type.set(&store, "key");
         store.setInt32("keys", 2);
@@ -268,7 +267,7 @@ TEST_F(MetaDataTest, RemoveFindsNothingUnderAMissingKey) {
     AssertStored("key: int32 1\n");
 }
 
-TEST_F(MetaDataTest, EntriesStandInTheByteOrderOfTheirKeys) {
+TEST_F(MetaDataTest, EntriesAreInTheByteOrderOfTheirKeys) {
     const std::vector<std::string> ordered = {"",
                                               "\x01",
                                               " ",
@@ -295,7 +294,7 @@ TEST_F(MetaDataTest, EntriesStandInTheByteOrderOfTheirKeys) {
     EXPECT_EQ(actual, ordered);
 }
 
-TEST_F(MetaDataTest, KeysOfAnyNumberAndOrderAreFound) {
+TEST_F(MetaDataTest, KeysAreFoundInAnyNumberAndOrder) {
     for (const int number : {10, 32, 33, 1000}) {
         QVHostMetaData many;
         for (int i = 0; i < number; ++i) {
@@ -316,7 +315,7 @@ TEST_F(MetaDataTest, KeysOfAnyNumberAndOrderAreFound) {
     }
 }
 
-TEST_F(MetaDataTest, EntriesAreAskedForAKeyAsAMapIs) {
+TEST_F(MetaDataTest, EntriesOfferTheLookupsOfAMap) {
     store.setFloat("gain", 0.5F);
     EXPECT_EQ(entries.count("gain"), 1U);
     EXPECT_EQ(entries.count("gai"), 0U);
@@ -324,7 +323,7 @@ TEST_F(MetaDataTest, EntriesAreAskedForAKeyAsAMapIs) {
     EXPECT_THROW(entries.at("gai"), std::out_of_range);
 }
 
-TEST_F(MetaDataTest, EmptyKeyIsAKeyLikeAnyOther) {
+TEST_F(MetaDataTest, EmptyKeyIsAnOrdinaryKey) {
     for (const Type& type : types()) {
         EXPECT_EQ(type.set(&store, ""), 0);
         AssertFoundAs(type.name, "");

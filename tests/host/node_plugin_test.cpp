@@ -25,7 +25,7 @@ protected:
         EXPECT_EQ(qv_load_node_plugin(path, &registry), std::nullopt);
     }
 
-    // Fails with this reason, and leaves the registry as it was.
+    // Fails with this reason, and leaves the registry unchanged.
     void AssertFails(const std::string& path, const std::string& reason) {
         const std::vector<std::string> before = ClassNames();
         EXPECT_EQ(qv_load_node_plugin(path, &registry), "cannot load " + path + ": " + reason);
@@ -45,7 +45,7 @@ TEST_F(NodePluginTest, RegistersItsClassesWithItsPathAsTheirOrigin) {
     EXPECT_EQ(classes[1].origin, Path("blender"));
 }
 
-TEST_F(NodePluginTest, ItsNodesAreCreatedAsTheClassSays) {
+TEST_F(NodePluginTest, CreatesNodesWithTheNumbersOfTheClass) {
     AssertLoads(Path("blender"));
     QVNodeOwner owner;
     node_proxy_parse_stub_uid(owner.info(), "Blender#main");
@@ -65,70 +65,69 @@ TEST_F(NodePluginTest, PathMayBeRelative) {
     EXPECT_EQ(registry.classes().at(0).origin, "blender.so");
 }
 
-TEST_F(NodePluginTest, LibraryThatIsNotThere) {
+TEST_F(NodePluginTest, MissingLibraryFails) {
     AssertFails("/nowhere/blender.so",
                 "/nowhere/blender.so: cannot open shared object file: No such file or directory");
 }
 
-TEST_F(NodePluginTest, EmptyPath) {
+TEST_F(NodePluginTest, EmptyPathFails) {
     EXPECT_EQ(qv_load_node_plugin("", &registry), "cannot load '': Invalid argument");
     EXPECT_EQ(ClassNames(), std::vector<std::string>{});
 }
 
-TEST_F(NodePluginTest, FileThatIsNoLibrary) {
+TEST_F(NodePluginTest, FileThatIsNotALibraryFails) {
     AssertFails(__FILE__, std::string(__FILE__) + ": invalid ELF header");
 }
 
-TEST_F(NodePluginTest, LibraryThatLacksAFunction) {
+TEST_F(NodePluginTest, LibraryWithAnUndefinedSymbolFails) {
     AssertFails(Path("undefined"), Path("undefined") + ": undefined symbol: camera::open(int)");
     AssertFails(Path("undefined_c"), Path("undefined_c") + ": undefined symbol: camera_open");
 }
 
-TEST_F(NodePluginTest, LibraryThatHasNoSuchFunction) {
-    AssertFails(Path("no_function"), "it exports no qvgraph_register_nodes");
+TEST_F(NodePluginTest, LibraryWithoutTheEntryPointFails) {
+    AssertFails(Path("no_function"), "the library does not export qvgraph_register_nodes");
 }
 
-TEST_F(NodePluginTest, LibraryThatRegistersANameTwice) {
-    AssertFails(Path("same_class_twice"), "it registers the class 'Mixer' twice");
+TEST_F(NodePluginTest, LibraryThatRegistersANameTwiceFails) {
+    AssertFails(Path("same_class_twice"), "the library registers class 'Mixer' twice");
 }
 
-TEST_F(NodePluginTest, LibraryThatIsLoadedTwice) {
+TEST_F(NodePluginTest, SecondLoadOfALibraryFails) {
     AssertLoads(Path("blender"));
-    AssertFails(Path("blender"),
-                "the class 'Blender' is registered already, by " + Path("blender"));
+    AssertFails(Path("blender"), "class 'Blender' is already registered by " + Path("blender"));
 }
 
-TEST_F(NodePluginTest, ClassThatTheProgramHas) {
+TEST_F(NodePluginTest, LibraryWithAClassOfTheProgramFails) {
     registry.registerClass(
         {"Blender", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return nullptr; }});
-    AssertFails(Path("blender"), "the class 'Blender' is registered already, by the program");
+    AssertFails(Path("blender"), "class 'Blender' is already registered by the program");
 }
 
-TEST_F(NodePluginTest, ClassThatAnotherLibraryHas) {
+TEST_F(NodePluginTest, LibraryWithAClassOfAnotherLibraryFails) {
     registry.registerClass(
         {"Splitter", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return nullptr; }}, "split.so");
-    AssertFails(Path("blender"), "the class 'Splitter' is registered already, by split.so");
+    AssertFails(Path("blender"), "class 'Splitter' is already registered by split.so");
 }
 
-TEST_F(NodePluginTest, ClassThatCannotBeRegistered) {
+TEST_F(NodePluginTest, LibraryWithAnInvalidClassFails) {
     AssertFails(Path("no_name"),
-                "'' is no class that can be registered: it has no name "
+                "class '' cannot be registered: it has no name "
                 "(see host/qv_node_class.h)");
 }
 
-TEST_F(NodePluginTest, LibraryThatRegistersNothing) {
-    AssertFails(Path("no_class"), "it registers no class");
+TEST_F(NodePluginTest, LibraryThatRegistersNothingFails) {
+    AssertFails(Path("no_class"), "the library registers no class");
 }
 
-TEST_F(NodePluginTest, FunctionThatReturnsAnError) {
+TEST_F(NodePluginTest, EntryPointThatReturnsAnErrorFails) {
     AssertFails(Path("returns_error"), "qvgraph_register_nodes returned 7");
 }
 
-TEST_F(NodePluginTest, FunctionThatThrows) {
+TEST_F(NodePluginTest, EntryPointThatThrowsFails) {
     AssertFails(Path("throws"), "qvgraph_register_nodes threw: no licence for the mixer");
 }
 
-TEST_F(NodePluginTest, FunctionThatThrowsWhatIsNoException) {
+TEST_F(NodePluginTest, EntryPointThatThrowsANonExceptionFails) {
     setenv("QVGRAPH_TEST_THROWS_INT", "1", 1);
     AssertFails(Path("throws"), "qvgraph_register_nodes threw");
     unsetenv("QVGRAPH_TEST_THROWS_INT");

@@ -1,4 +1,4 @@
-// The desk's node proxy, and the owner that undoes its work.
+// The host framework's node proxy, and the owner that frees what it creates.
 #include "framework/qv_node_proxy.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,8 @@ namespace {
 static_assert(!std::is_copy_constructible<QVNodeOwner>::value);
 static_assert(!std::is_copy_assignable<QVNodeOwner>::value);
 
-// Counts the objects that carry one, and writes down in which order they end.
+// Counts the objects that contain one, and records the order of their
+// destruction.
 class Life {
 public:
     explicit Life(const char* name) : mName(name) { ++living; }
@@ -43,7 +44,8 @@ private:
 int Life::living = 0;
 std::string Life::ended;
 
-// A node that brings no option store. Its end tells the option "last word".
+// A node without its own option store. Its destructor reports the option
+// "last word".
 class BareNode : public QVTaskNodeBase {
 public:
     ~BareNode() override {
@@ -72,7 +74,7 @@ class NodeWithStore : public BareNode {
 public:
     NodeWithStore() { mOptions = &mStore; }
 
-    // Its store is gone when the base ends.
+    // Its store is already destroyed when the base's destructor runs.
     ~NodeWithStore() override { mOptions = nullptr; }
 
 private:
@@ -112,7 +114,7 @@ protected:
         EXPECT_EQ(Life::living, 0);
     }
 
-    // Has a node created as the parser does.
+    // Creates a node as the parser does.
     static void Create(_QVNodeInfo* info, const char* name, int inputs = 0, int outputs = 0) {
         node_proxy_parse_stub_uid(info, name);
         info->nodeId = 7;
@@ -140,8 +142,8 @@ protected:
         AssertNothingCreated(*owner.info());
     }
 
-    // A class of these numbers, in a node that declares those, has as many
-    // managers as expected.
+    // A class with these numbers, in a node that declares those, has the expected
+    // number of managers.
     void AssertManagers(const QVNodeClass& nodeClass,
                         int declaredInputs,
                         int declaredOutputs,
@@ -172,7 +174,7 @@ TEST_F(NodeProxyTest, NameHasOneUid) {
     EXPECT_EQ(UidOf("Camera#front"), front);
 }
 
-TEST_F(NodeProxyTest, NamesAreEqualOnlyByteForByte) {
+TEST_F(NodeProxyTest, NamesAreComparedByteForByte) {
     std::set<int32_t> uids;
     for (const char* const name : {"", " ", "Camera", "camera", "Camera#", "#", "\xff"}) {
         uids.insert(UidOf(name));
@@ -180,7 +182,7 @@ TEST_F(NodeProxyTest, NamesAreEqualOnlyByteForByte) {
     EXPECT_EQ(uids.size(), 7U);
 }
 
-TEST_F(NodeProxyTest, ParsingANameWritesItsUidAlone) {
+TEST_F(NodeProxyTest, ParsingANameWritesOnlyItsUid) {
     _QVNodeInfo info;
     info.nodeId = 1;
     info.inputNum = 2;
@@ -202,7 +204,7 @@ TEST_F(NodeProxyTest, NameIsCopied) {
     EXPECT_NE(owner.info()->node, nullptr);
 }
 
-TEST_F(NodeProxyTest, NewRecordGivesNoNode) {
+TEST_F(NodeProxyTest, NewRecordCreatesNoNode) {
     registry.setStub(true);
     UidOf("Camera");
     QVNodeOwner owner;
@@ -210,9 +212,9 @@ TEST_F(NodeProxyTest, NewRecordGivesNoNode) {
     AssertNothingCreated(*owner.info());
 }
 
-TEST_F(NodeProxyTest, UidThatNoNameHasGivesNoNode) {
+TEST_F(NodeProxyTest, UnknownUidCreatesNoNode) {
     registry.setStub(true);
-    static int run = 0;  // so that the name is new each time
+    static int run = 0;  // makes the name new each time
     const int32_t newest = UidOf(("newest " + std::to_string(++run)).c_str());
     for (const int32_t uid : {newest + 1, -1, INT_MIN, INT_MAX}) {
         QVNodeOwner owner;
@@ -225,7 +227,7 @@ TEST_F(NodeProxyTest, UidThatNoNameHasGivesNoNode) {
 
 // ---- Classes ----------------------------------------------------------------
 
-TEST_F(NodeProxyTest, NodeIsOfTheClassInItsName) {
+TEST_F(NodeProxyTest, NodeHasTheClassInItsName) {
     registry.registerClass({"Bare", createBare});
     registry.registerClass({"Stored", createWithStore});
     QVNodeOwner bare;
@@ -237,7 +239,7 @@ TEST_F(NodeProxyTest, NodeIsOfTheClassInItsName) {
     EXPECT_NE(dynamic_cast<NodeWithStore*>(stored.info()->node), nullptr);
 }
 
-TEST_F(NodeProxyTest, LabelBehindTheClassTellsNodesApart) {
+TEST_F(NodeProxyTest, LabelAfterTheClassDistinguishesNodes) {
     registry.registerClass({"Camera", createBare});
     for (const char* const name : {"Camera", "Camera#", "Camera#front", "Camera#front#left"}) {
         QVNodeOwner owner;
@@ -246,7 +248,7 @@ TEST_F(NodeProxyTest, LabelBehindTheClassTellsNodesApart) {
     }
 }
 
-TEST_F(NodeProxyTest, NamesWithoutARegisteredClassGiveNoNode) {
+TEST_F(NodeProxyTest, NamesWithoutARegisteredClassCreateNoNode) {
     registry.registerClass({"Camera", createBare});
     for (const char* const name :
          {"", "#", "#Camera", "camera", "Camera ", "Cam", "Camera2", "Display"}) {
@@ -254,7 +256,7 @@ TEST_F(NodeProxyTest, NamesWithoutARegisteredClassGiveNoNode) {
     }
 }
 
-TEST_F(NodeProxyTest, FactoryIsToldTheNodesIdAndItsStreams) {
+TEST_F(NodeProxyTest, FactoryReceivesTheNodesIdAndStreamNumbers) {
     static const _QVNodeInfo* received;
     static std::string told;
     registry.registerClass({"Camera", [](const _QVNodeInfo* info) -> QVTaskNodeBase* {
@@ -270,13 +272,13 @@ TEST_F(NodeProxyTest, FactoryIsToldTheNodesIdAndItsStreams) {
     EXPECT_EQ(told, "7 2 3");
 }
 
-TEST_F(NodeProxyTest, FactoryThatReturnsNullGivesNoNode) {
+TEST_F(NodeProxyTest, FactoryThatReturnsNullCreatesNoNode) {
     registry.registerClass({"Camera", createNone, 1, 1});
     registry.setStub(true);
     AssertNoNode("Camera");
 }
 
-TEST_F(NodeProxyTest, FactoryThatThrowsIsPassedThrough) {
+TEST_F(NodeProxyTest, ExceptionFromAFactoryPropagates) {
     registry.registerClass({"Camera", createThrowing, 1, 1});
     QVNodeOwner owner;
     try {
@@ -306,7 +308,7 @@ TEST_F(NodeProxyTest, StubNeverStandsInForANameWithoutAClass) {
 
 // ---- Managers ---------------------------------------------------------------
 
-TEST_F(NodeProxyTest, ClassThatDoesNotSayHasAsManyManagersAsDeclared) {
+TEST_F(NodeProxyTest, ClassWithoutNumbersHasAsManyManagersAsDeclared) {
     const QVNodeClass any = {"Any", createBare};
     AssertManagers(any, 0, 0, 0, 0);
     AssertManagers(any, 1, 0, 1, 0);
@@ -314,7 +316,7 @@ TEST_F(NodeProxyTest, ClassThatDoesNotSayHasAsManyManagersAsDeclared) {
     AssertManagers(any, 3, 40, 3, 40);
 }
 
-TEST_F(NodeProxyTest, ClassSaysHowManyManagersItHas) {
+TEST_F(NodeProxyTest, ClassWithNumbersHasThatManyManagers) {
     AssertManagers({"None", createBare, 0, 0}, 3, 2, 0, 0);
     AssertManagers({"Fewer", createBare, 1, 2}, 3, 4, 1, 2);
     AssertManagers({"More", createBare, 5, 4}, 3, 0, 5, 4);
@@ -322,7 +324,7 @@ TEST_F(NodeProxyTest, ClassSaysHowManyManagersItHas) {
     AssertManagers({"Sink", createBare, QV_AS_DECLARED, 0}, 3, 2, 3, 0);
 }
 
-TEST_F(NodeProxyTest, ManagersAreTheDesksEachANewOne) {
+TEST_F(NodeProxyTest, ManagersAreNewHostManagers) {
     registry.registerClass({"Mixer", createBare});
     QVNodeOwner owner;
     Create(owner.info(), "Mixer", 2, 2);
@@ -359,7 +361,7 @@ TEST_F(NodeProxyTest, NodeWithoutAStoreGetsOne) {
     EXPECT_TRUE(store->entries().empty());
 }
 
-TEST_F(NodeProxyTest, NodeKeepsAStoreOfItsOwn) {
+TEST_F(NodeProxyTest, NodeKeepsItsOwnStore) {
     registry.registerClass({"Stored", createWithStore});
     {
         QVNodeOwner owner;
@@ -370,7 +372,7 @@ TEST_F(NodeProxyTest, NodeKeepsAStoreOfItsOwn) {
     EXPECT_EQ(Life::ended, "store node ");
 }
 
-TEST_F(NodeProxyTest, StoreThatBelongsToSomebodyElseStays) {
+TEST_F(NodeProxyTest, StoreWithAnotherOwnerIsNotDeleted) {
     static CountedStore* shared;
     registry.registerClass({"Sharing", [](const _QVNodeInfo*) -> QVTaskNodeBase* {
                                 auto* const node = new BareNode;
@@ -389,8 +391,8 @@ TEST_F(NodeProxyTest, StoreThatBelongsToSomebodyElseStays) {
     shared = nullptr;
 }
 
-// A node that works with the store of another node, which has its own owner.
-TEST_F(NodeProxyTest, StoreSuppliedToAnotherNodeStaysWithThatNode) {
+// A node that uses the store of another node, which has a separate owner.
+TEST_F(NodeProxyTest, StoreSuppliedToAnotherNodeIsNotDeleted) {
     registry.registerClass({"Bare", createBare});
     QVNodeOwner inner;
     Create(inner.info(), "Bare");
@@ -404,7 +406,7 @@ TEST_F(NodeProxyTest, StoreSuppliedToAnotherNodeStaysWithThatNode) {
 
 // ---- The owner --------------------------------------------------------------
 
-TEST_F(NodeProxyTest, OwnersRecordIsAsNew) {
+TEST_F(NodeProxyTest, OwnersRecordStartsEmpty) {
     QVNodeOwner owner;
     const QVNodeOwner& reader = owner;
     EXPECT_EQ(reader.info(), owner.info());
@@ -425,7 +427,7 @@ TEST_F(NodeProxyTest, OwnerDeletesTheNodeBeforeItsManagers) {
     EXPECT_EQ(Life::ended, "node manager manager manager ");
 }
 
-TEST_F(NodeProxyTest, OwnerDeletesManagersThatHaveNoNode) {
+TEST_F(NodeProxyTest, OwnerDeletesManagersWithoutANode) {
     {
         QVNodeOwner owner;
         owner.info()->inputStreams = {new CountedInput};
@@ -452,7 +454,7 @@ TEST_F(NodeProxyTest, ThreadsAgreeOnTheUidsOfNames) {
     std::vector<std::map<std::string, int32_t>> uids(THREADS);
     inThreads(THREADS, [&uids](int thread) {
         for (int number = 0; number < NAMES; ++number) {
-            // Each thread comes by the names in an order of its own.
+            // Each thread visits the names in a different order.
             const int shuffled = (number * (2 * thread + 3)) % 499;
             const std::string name = "Threaded#" + std::to_string(shuffled);
             uids[static_cast<size_t>(thread)][name] = UidOf(name.c_str());

@@ -34,7 +34,7 @@ QVTaskNodeBase* createDisplay(const _QVNodeInfo* /*info*/) {
 
 class NodeRegistryTest : public RegistryTest {
 protected:
-    // Registers as a provider of classes does, through the interface.
+    // Registers a class through the interface, as a provider of classes does.
     int Register(const char* name, decltype(QVNodeClass::create) create = createCamera) {
         QVNodeClassRegistry& provided = registry;
         return provided.registerClass({name, create});
@@ -42,7 +42,7 @@ protected:
 
     void AssertNames(const Names& expected) { EXPECT_EQ(ClassNames(), expected); }
 
-    // Nodes of the class `name` are made by `create`; null: there are none.
+    // `create` creates the nodes of the class `name`; null: there is no such class.
     void AssertMadeBy(const char* name, decltype(QVNodeClass::create) create) {
         const std::optional<QVNodeClass> found = registry.find(name);
         EXPECT_EQ(found.has_value(), create != nullptr) << name;
@@ -65,7 +65,7 @@ protected:
 
 // ---- Registering ------------------------------------------------------------
 
-TEST_F(NodeRegistryTest, IsOneForTheProcess) {
+TEST_F(NodeRegistryTest, IsProcessWide) {
     EXPECT_EQ(&QVNodeRegistry::instance(), &registry);
 }
 
@@ -76,7 +76,7 @@ TEST_F(NodeRegistryTest, StartsEmptyWithoutAStub) {
     AssertMadeBy("", nullptr);
 }
 
-TEST(NodeClassTest, HasAsManyStreamsAsDeclaredUnlessItSays) {
+TEST(NodeClassTest, HasAsManyStreamsAsDeclaredByDefault) {
     const QVNodeClass nodeClass;
     EXPECT_EQ(nodeClass.name, nullptr);
     EXPECT_EQ(nodeClass.create, nullptr);
@@ -94,13 +94,13 @@ TEST_F(NodeRegistryTest, RegisteredClassIsFound) {
     AssertMadeBy("Camera2", nullptr);
 }
 
-TEST_F(NodeRegistryTest, TellsWhetherAClassIsRegistered) {
+TEST_F(NodeRegistryTest, ReportsWhetherAClassIsRegistered) {
     EXPECT_EQ(Register("Camera", createCamera), 0);
     EXPECT_TRUE(registry.isRegistered("Camera"));
     EXPECT_FALSE(registry.isRegistered("Display"));
 }
 
-TEST_F(NodeRegistryTest, FoundClassHasItsNumbersAndNoName) {
+TEST_F(NodeRegistryTest, FoundClassHasItsStreamNumbersAndNoName) {
     registry.registerClass({"Camera", createCamera, 0, 3});
     const std::optional<QVNodeClass> found = registry.find("Camera");
     ASSERT_TRUE(found.has_value());
@@ -117,7 +117,7 @@ TEST_F(NodeRegistryTest, NameIsCopied) {
     AssertMadeBy("Camera", createCamera);
 }
 
-TEST_F(NodeRegistryTest, NamesThatAreTaken) {
+TEST_F(NodeRegistryTest, AcceptsTheseNames) {
     const Names names = {"C", " ", "Camera:front", "node_0", "\xc3\x84", "\x80", "\x01", "a\nb"};
     for (const std::string& name : names) {
         EXPECT_EQ(Register(name.c_str()), 0) << name;
@@ -126,7 +126,7 @@ TEST_F(NodeRegistryTest, NamesThatAreTaken) {
     EXPECT_EQ(registry.classes().size(), names.size());
 }
 
-TEST_F(NodeRegistryTest, KeepsWhereAClassComesFrom) {
+TEST_F(NodeRegistryTest, KeepsTheOriginOfAClass) {
     EXPECT_EQ(registry.registerClass({"Display", createDisplay}), 0);
     EXPECT_EQ(registry.registerClass({"Camera", createCamera}, "/opt/libcamera.so"), 0);
     const std::vector<QVNodeRegistry::Entry> classes = registry.classes();
@@ -137,13 +137,13 @@ TEST_F(NodeRegistryTest, KeepsWhereAClassComesFrom) {
     EXPECT_EQ(classes[1].origin, "");
 }
 
-TEST_F(NodeRegistryTest, NumbersOfStreamsThatAreRefused) {
+TEST_F(NodeRegistryTest, RejectsTheseNumbersOfStreams) {
     EXPECT_EQ(registry.registerClass({"Camera", createCamera, -2, 0}), -2);
     EXPECT_EQ(registry.registerClass({"Camera", createCamera, 0, -100}), -2);
     EXPECT_EQ(registry.registerClass({"Camera", createCamera, 0, QV_AS_DECLARED}), 0);
 }
 
-TEST_F(NodeRegistryTest, NamesThatAreRefused) {
+TEST_F(NodeRegistryTest, RejectsTheseNames) {
     for (const char* const name : {"", "#", "#Camera", "Camera#", "Camera#front", "##"}) {
         EXPECT_EQ(Register(name), -2) << name;
     }
@@ -151,13 +151,13 @@ TEST_F(NodeRegistryTest, NamesThatAreRefused) {
     AssertNames({});
 }
 
-TEST_F(NodeRegistryTest, ClassThatCannotBeCreatedIsRefused) {
+TEST_F(NodeRegistryTest, RejectsAClassWithoutAFactory) {
     EXPECT_EQ(Register("Camera", nullptr), -2);
     AssertNames({});
     AssertMadeBy("Camera", nullptr);
 }
 
-TEST_F(NodeRegistryTest, TakenNameIsRefusedAndTheFirstClassStays) {
+TEST_F(NodeRegistryTest, RejectsASecondClassOfTheSameNameAndKeepsTheFirst) {
     registry.registerClass({"Camera", createCamera, 0, 1});
     EXPECT_EQ(registry.registerClass({"Camera", createCamera, 0, 1}), -1);
     EXPECT_EQ(registry.registerClass({"Camera", createDisplay, 2, 2}), -1);
@@ -167,7 +167,7 @@ TEST_F(NodeRegistryTest, TakenNameIsRefusedAndTheFirstClassStays) {
     EXPECT_EQ(registry.find("Camera")->outputNum, 1);
 }
 
-TEST_F(NodeRegistryTest, NamesStandInByteOrder) {
+TEST_F(NodeRegistryTest, NamesAreInByteOrder) {
     for (const char* const name : {"\xff", "b", "\x80", "a", "Z", "aa", "\x7f", "\xc3\xa4"}) {
         Register(name);
     }
@@ -176,7 +176,7 @@ TEST_F(NodeRegistryTest, NamesStandInByteOrder) {
 
 // ---- Unregistering ----------------------------------------------------------
 
-TEST_F(NodeRegistryTest, UnregisteredClassIsForgotten) {
+TEST_F(NodeRegistryTest, UnregisteredClassIsNotFound) {
     Register("Camera");
     Register("Display", createDisplay);
     EXPECT_TRUE(registry.unregisterClass("Camera"));
@@ -185,7 +185,7 @@ TEST_F(NodeRegistryTest, UnregisteredClassIsForgotten) {
     AssertMadeBy("Display", createDisplay);
 }
 
-TEST_F(NodeRegistryTest, UnregisteringAMissingClassIsSaid) {
+TEST_F(NodeRegistryTest, UnregisteringAMissingClassIsReported) {
     Register("Camera");
     for (const char* const name : {"", "Cam", "Camera2", "camera", "Camera#front"}) {
         EXPECT_FALSE(registry.unregisterClass(name)) << name;
@@ -194,7 +194,7 @@ TEST_F(NodeRegistryTest, UnregisteringAMissingClassIsSaid) {
     EXPECT_FALSE(registry.unregisterClass("Camera"));
 }
 
-TEST_F(NodeRegistryTest, NameIsFreeAgainAfterItsClassWasUnregistered) {
+TEST_F(NodeRegistryTest, NameCanBeReusedAfterItsClassIsUnregistered) {
     Register("Camera", createCamera);
     registry.unregisterClass("Camera");
     EXPECT_EQ(Register("Camera", createDisplay), 0);
@@ -224,7 +224,7 @@ TEST_F(NodeRegistryTest, StubNeverStandsInForAClassWithoutAName) {
     AssertMadeBy("", nullptr);
 }
 
-TEST_F(NodeRegistryTest, RegisteredClassComesBeforeTheStub) {
+TEST_F(NodeRegistryTest, RegisteredClassTakesPrecedenceOverTheStub) {
     registry.setStub(true);
     Register("Camera", createCamera);
     AssertMadeBy("Camera", createCamera);
@@ -233,13 +233,13 @@ TEST_F(NodeRegistryTest, RegisteredClassComesBeforeTheStub) {
     AssertStubbed("Camera");
 }
 
-TEST_F(NodeRegistryTest, StubIsNoRegisteredClass) {
+TEST_F(NodeRegistryTest, StubIsNotARegisteredClass) {
     registry.setStub(true);
     AssertNames({});
     EXPECT_FALSE(registry.unregisterClass("Camera"));
 }
 
-TEST_F(NodeRegistryTest, StubCanBeTakenAway) {
+TEST_F(NodeRegistryTest, StubCanBeDisabled) {
     registry.setStub(true);
     registry.setStub(false);
     EXPECT_FALSE(registry.stub());
@@ -248,7 +248,7 @@ TEST_F(NodeRegistryTest, StubCanBeTakenAway) {
 
 // ---- The class in a node's name ---------------------------------------------
 
-TEST(NodeClassNameTest, IsWhatStandsBeforeTheFirstHash) {
+TEST(NodeClassNameTest, IsThePartBeforeTheFirstHash) {
     EXPECT_EQ(qv_node_class_name("Camera"), "Camera");
     EXPECT_EQ(qv_node_class_name("Camera#front"), "Camera");
     EXPECT_EQ(qv_node_class_name("Camera#"), "Camera");
@@ -259,22 +259,24 @@ TEST(NodeClassNameTest, IsWhatStandsBeforeTheFirstHash) {
     EXPECT_EQ(qv_node_class_name("#front"), "");
 }
 
-// ---- What is no class ---------------------------------------------------------
+// ---- Invalid classes ----------------------------------------------------------
 
-TEST(NodeClassFaultTest, SaysWhatIsWrong) {
+TEST(NodeClassFaultTest, DescribesTheFault) {
     EXPECT_EQ(qv_node_class_fault({"Camera", createCamera, 0, 1}), "");
     EXPECT_EQ(qv_node_class_fault({nullptr, createCamera}), "it has no name");
     EXPECT_EQ(qv_node_class_fault({"", createCamera}), "it has no name");
     EXPECT_EQ(qv_node_class_fault({"Camera#", createCamera}),
-              "its name has a '#', which ends the name of a class");
+              "its name contains '#', which ends a class name");
     EXPECT_EQ(qv_node_class_fault({"Camera", nullptr}), "it has no create function");
-    EXPECT_EQ(qv_node_class_fault({"Camera", createCamera, -2, 1}), "its number of inputs is -2");
-    EXPECT_EQ(qv_node_class_fault({"Camera", createCamera, 1, -7}), "its number of outputs is -7");
+    EXPECT_EQ(qv_node_class_fault({"Camera", createCamera, -2, 1}),
+              "its number of inputs is -2; it must be 0 or more, or QV_AS_DECLARED");
+    EXPECT_EQ(qv_node_class_fault({"Camera", createCamera, 1, -7}),
+              "its number of outputs is -7; it must be 0 or more, or QV_AS_DECLARED");
 }
 
 // ---- Threads ----------------------------------------------------------------
 
-TEST_F(NodeRegistryTest, OneOfManyThreadsGetsAName) {
+TEST_F(NodeRegistryTest, OnlyOneOfManyThreadsRegistersAName) {
     std::atomic<int> accepted{0};
     std::atomic<int> refused{0};
     inThreads(4, [&](int /*thread*/) {
@@ -289,7 +291,7 @@ TEST_F(NodeRegistryTest, OneOfManyThreadsGetsAName) {
     EXPECT_EQ(registry.classes().size(), 200U);
 }
 
-TEST_F(NodeRegistryTest, ThreadsDoNotDisturbEachOthersClasses) {
+TEST_F(NodeRegistryTest, ThreadsDoNotAffectEachOthersClasses) {
     std::atomic<int> right{0};
     inThreads(4, [&](int thread) {
         const std::string name = "class " + std::to_string(thread);

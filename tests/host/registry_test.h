@@ -1,5 +1,5 @@
-// The registry of node classes belongs to the whole process: tests that use it
-// find it empty and leave it so.
+// The registry of node classes is process-wide: each test that uses it starts
+// and ends with an empty registry.
 #ifndef QVGRAPH_TESTS_HOST_REGISTRY_TEST_H_
 #define QVGRAPH_TESTS_HOST_REGISTRY_TEST_H_
 

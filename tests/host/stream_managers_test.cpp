@@ -1,4 +1,4 @@
-// The desk's stream managers.
+// The host framework's stream managers.
 #include "host/qv_host_stream_managers.h"
 
 #include <gtest/gtest.h>
@@ -21,45 +21,45 @@ void AssertBound(const std::optional<QVStreamBinding>& binding,
 
 class InputManagerTest : public testing::Test {
 protected:
-    QVHostInputStreamManager desk;
+    QVHostInputStreamManager hostManager;
 
     // As the parser sees it.
-    QVInputStreamManager& manager = desk;
+    QVInputStreamManager& manager = hostManager;
 };
 
 class OutputManagerTest : public testing::Test {
 protected:
-    QVHostOutputStreamManager desk;
-    QVOutputStreamManager& manager = desk;
+    QVHostOutputStreamManager hostManager;
+    QVOutputStreamManager& manager = hostManager;
 };
 
 }  // namespace
 
 TEST_F(InputManagerTest, StartsUnboundWithoutAFormatAndKeepsAllData) {
-    EXPECT_FALSE(desk.binding().has_value());
-    EXPECT_FALSE(desk.format().has_value());
+    EXPECT_FALSE(hostManager.binding().has_value());
+    EXPECT_FALSE(hostManager.format().has_value());
     EXPECT_EQ(manager.mRemainNewest, 0);
 }
 
-TEST_F(InputManagerTest, HoldsWhatItWasBoundTo) {
+TEST_F(InputManagerTest, StoresItsBinding) {
     EXPECT_EQ(manager.initialize("frames", 3, 10), 0);
-    AssertBound(desk.binding(), "frames", 3, 10);
-    EXPECT_FALSE(desk.format().has_value());
+    AssertBound(hostManager.binding(), "frames", 3, 10);
+    EXPECT_FALSE(hostManager.format().has_value());
     EXPECT_EQ(manager.mRemainNewest, 0);
 }
 
-TEST_F(InputManagerTest, HoldsItsFormat) {
+TEST_F(InputManagerTest, StoresItsFormat) {
     EXPECT_EQ(manager.setStreamType("nv12"), 0);
-    EXPECT_EQ(desk.format(), "nv12");
-    EXPECT_FALSE(desk.binding().has_value());
+    EXPECT_EQ(hostManager.format(), "nv12");
+    EXPECT_FALSE(hostManager.binding().has_value());
     EXPECT_EQ(manager.mRemainNewest, 0);
 }
 
-TEST_F(InputManagerTest, EmptyTextsAreHeldToo) {
+TEST_F(InputManagerTest, EmptyStringsAreStored) {
     manager.initialize("", INT_MIN, INT_MAX);
     manager.setStreamType("");
-    AssertBound(desk.binding(), "", INT_MIN, INT_MAX);
-    EXPECT_EQ(desk.format(), "");
+    AssertBound(hostManager.binding(), "", INT_MIN, INT_MAX);
+    EXPECT_EQ(hostManager.format(), "");
 }
 
 TEST_F(InputManagerTest, CopiesNameAndFormat) {
@@ -68,29 +68,29 @@ TEST_F(InputManagerTest, CopiesNameAndFormat) {
     manager.initialize(name, 0, 0);
     manager.setStreamType(format);
     name[0] = format[0] = '?';
-    AssertBound(desk.binding(), "frames", 0, 0);
-    EXPECT_EQ(desk.format(), "nv12");
+    AssertBound(hostManager.binding(), "frames", 0, 0);
+    EXPECT_EQ(hostManager.format(), "nv12");
 }
 
 TEST_F(OutputManagerTest, StartsUnboundWithoutAFormat) {
-    EXPECT_FALSE(desk.binding().has_value());
+    EXPECT_FALSE(hostManager.binding().has_value());
     EXPECT_EQ(manager.mStreamType, "");
 }
 
-TEST_F(OutputManagerTest, HoldsWhatItWasBoundTo) {
+TEST_F(OutputManagerTest, StoresItsBinding) {
     EXPECT_EQ(manager.initialize("boxes", 3, 10), 0);
-    AssertBound(desk.binding(), "boxes", 3, 10);
+    AssertBound(hostManager.binding(), "boxes", 3, 10);
     EXPECT_EQ(manager.mStreamType, "");
 }
 
-TEST_F(OutputManagerTest, EmptyNameIsHeldToo) {
+TEST_F(OutputManagerTest, EmptyNameIsStored) {
     manager.initialize("", INT_MIN, INT_MAX);
-    AssertBound(desk.binding(), "", INT_MIN, INT_MAX);
+    AssertBound(hostManager.binding(), "", INT_MIN, INT_MAX);
 }
 
 TEST_F(OutputManagerTest, CopiesItsName) {
     std::string name = "boxes";
     manager.initialize(name, 0, 0);
     name[0] = '?';
-    AssertBound(desk.binding(), "boxes", 0, 0);
+    AssertBound(hostManager.binding(), "boxes", 0, 0);
 }

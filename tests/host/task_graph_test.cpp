@@ -1,4 +1,4 @@
-// The desk's task graph.
+// The host framework's task graph.
 #include "host/qv_host_task_graph.h"
 
 #include <gtest/gtest.h>
@@ -14,11 +14,11 @@ using Refusal = QVHostTaskGraph::Refusal;
 
 class TaskGraphTest : public testing::Test {
 protected:
-    // All streams: "id name: producer > consumers", one a line, '-' for a
-    // producer that is not there.
+    // All streams: "id name: producer > consumers", one per line, '-' for a
+    // missing producer.
     void AssertStreams(const std::string& expected) {
         std::string actual;
-        for (const QVHostTaskGraph::Stream& stream : desk.streams()) {
+        for (const QVHostTaskGraph::Stream& stream : hostGraph.streams()) {
             actual += std::to_string(stream.id) + ' ' + stream.name + ": ";
             actual += stream.producer ? std::to_string(*stream.producer) : "-";
             actual += " >";
@@ -31,18 +31,18 @@ protected:
     }
 
     void AssertRefused(const std::string& name, bool input, std::optional<int> producer) {
-        ASSERT_TRUE(desk.refusal().has_value());
-        EXPECT_EQ(desk.refusal()->name, name);
-        EXPECT_EQ(desk.refusal()->input, input);
-        EXPECT_EQ(desk.refusal()->producer, producer);
+        ASSERT_TRUE(hostGraph.refusal().has_value());
+        EXPECT_EQ(hostGraph.refusal()->name, name);
+        EXPECT_EQ(hostGraph.refusal()->input, input);
+        EXPECT_EQ(hostGraph.refusal()->producer, producer);
     }
 
-    void AssertNothingRefused() { EXPECT_FALSE(desk.refusal().has_value()); }
+    void AssertNothingRefused() { EXPECT_FALSE(hostGraph.refusal().has_value()); }
 
-    QVHostTaskGraph desk;
+    QVHostTaskGraph hostGraph;
 
     // As the parser sees it.
-    QVTaskGraphConfig& graph = desk;
+    QVTaskGraphConfig& graph = hostGraph;
 };
 
 }  // namespace
@@ -54,7 +54,7 @@ TEST_F(TaskGraphTest, StartsWithoutStreams) {
 
 // ---- Ids --------------------------------------------------------------------
 
-TEST_F(TaskGraphTest, IdsCountFromZeroInTheOrderOfFirstMention) {
+TEST_F(TaskGraphTest, IdsCountFromZeroInOrderOfFirstUse) {
     EXPECT_EQ(graph.addOutputStream("zebra"), 0);
     EXPECT_EQ(graph.addInputStream("ant"), 1);
     EXPECT_EQ(graph.addOutputStream("mole"), 2);
@@ -64,11 +64,11 @@ TEST_F(TaskGraphTest, IdsCountFromZeroInTheOrderOfFirstMention) {
         "2 mole: 0 >\n");
 }
 
-TEST_F(TaskGraphTest, NameHasOneIdWhoeverGivesOrTakesIt) {
-    desk.beginNode(1);
+TEST_F(TaskGraphTest, NameHasOneIdForProducersAndConsumers) {
+    hostGraph.beginNode(1);
     EXPECT_EQ(graph.addOutputStream("raw"), 0);
     EXPECT_EQ(graph.addOutputStream("meta"), 1);
-    desk.beginNode(2);
+    hostGraph.beginNode(2);
     EXPECT_EQ(graph.addInputStream("meta"), 1);
     EXPECT_EQ(graph.addInputStream("raw"), 0);
     AssertStreams(
@@ -84,7 +84,7 @@ TEST_F(TaskGraphTest, EachGraphCountsFromZero) {
     AssertStreams("0 raw: 0 >\n");
 }
 
-TEST_F(TaskGraphTest, NamesAreEqualOnlyByteForByte) {
+TEST_F(TaskGraphTest, NamesAreComparedByteForByte) {
     const std::vector<std::string> names = {
         "raw", "Raw", "raw ", " raw", "ra", "raw0", std::string("raw\0x", 5), "\xff"};
     for (size_t id = 0; id < names.size(); ++id) {
@@ -93,19 +93,19 @@ TEST_F(TaskGraphTest, NamesAreEqualOnlyByteForByte) {
     AssertNothingRefused();
 }
 
-TEST_F(TaskGraphTest, StreamStandsAtItsId) {
+TEST_F(TaskGraphTest, StreamIsStoredAtItsId) {
     for (int number = 0; number < 5000; ++number) {
         graph.addInputStream("stream " + std::to_string(number));
     }
-    ASSERT_EQ(desk.streams().size(), 5000U);
+    ASSERT_EQ(hostGraph.streams().size(), 5000U);
     for (int number = 0; number < 5000; ++number) {
-        const auto& stream = desk.streams()[static_cast<size_t>(number)];
+        const auto& stream = hostGraph.streams()[static_cast<size_t>(number)];
         EXPECT_EQ(stream.id, number);
         EXPECT_EQ(stream.name, "stream " + std::to_string(number));
     }
 }
 
-// ---- Who gives and who takes ------------------------------------------------
+// ---- Producers and consumers ------------------------------------------------
 
 TEST_F(TaskGraphTest, NodeIsZeroBeforeTheFirstOneBegins) {
     graph.addInputStream("in");
@@ -113,35 +113,35 @@ TEST_F(TaskGraphTest, NodeIsZeroBeforeTheFirstOneBegins) {
     AssertStreams("0 in: - > 0\n1 out: 0 >\n");
 }
 
-TEST_F(TaskGraphTest, AnyNumberTellsANode) {
-    desk.beginNode(INT_MIN);
+TEST_F(TaskGraphTest, AnyNumberIdentifiesANode) {
+    hostGraph.beginNode(INT_MIN);
     graph.addOutputStream("out");
-    desk.beginNode(INT_MAX);
+    hostGraph.beginNode(INT_MAX);
     graph.addInputStream("out");
     AssertStreams("0 out: -2147483648 > 2147483647\n");
 }
 
-TEST_F(TaskGraphTest, StreamMayBeTakenBeforeItIsGiven) {
-    desk.beginNode(10);
+TEST_F(TaskGraphTest, StreamMayBeConsumedBeforeItIsProduced) {
+    hostGraph.beginNode(10);
     EXPECT_EQ(graph.addInputStream("raw"), 0);
     AssertStreams("0 raw: - > 10\n");
-    desk.beginNode(2);
+    hostGraph.beginNode(2);
     EXPECT_EQ(graph.addOutputStream("raw"), 0);
     AssertStreams("0 raw: 2 > 10\n");
     AssertNothingRefused();
 }
 
-TEST_F(TaskGraphTest, NodeMayTakeWhatItGives) {
-    desk.beginNode(3);
+TEST_F(TaskGraphTest, NodeMayConsumeItsOwnStream) {
+    hostGraph.beginNode(3);
     EXPECT_EQ(graph.addInputStream("loop"), 0);
     EXPECT_EQ(graph.addOutputStream("loop"), 0);
     AssertStreams("0 loop: 3 > 3\n");
     AssertNothingRefused();
 }
 
-TEST_F(TaskGraphTest, ConsumersStandOnceEachInTheOrderInWhichTheyCame) {
+TEST_F(TaskGraphTest, EachConsumerIsListedOnceInOrderOfRegistration) {
     for (const int node : {9, 1, 5, 1, 9}) {
-        desk.beginNode(node);
+        hostGraph.beginNode(node);
         EXPECT_EQ(graph.addInputStream("raw"), 0);
         EXPECT_EQ(graph.addInputStream("raw"), 0);
     }
@@ -169,17 +169,17 @@ TEST_F(TaskGraphTest, NameOfOneNulIsNotEmpty) {
 }
 
 TEST_F(TaskGraphTest, SecondProducerIsRefused) {
-    desk.beginNode(4);
+    hostGraph.beginNode(4);
     graph.addOutputStream("other");
     graph.addOutputStream("raw");
-    desk.beginNode(5);
+    hostGraph.beginNode(5);
     EXPECT_EQ(graph.addOutputStream("raw"), -1);
     AssertStreams("0 other: 4 >\n1 raw: 4 >\n");
     AssertRefused("raw", false, 4);
 }
 
-TEST_F(TaskGraphTest, SecondProducerIsRefusedWhenItIsTheSameNode) {
-    desk.beginNode(4);
+TEST_F(TaskGraphTest, SecondProducerIsRefusedEvenIfItIsTheSameNode) {
+    hostGraph.beginNode(4);
     graph.addOutputStream("raw");
     EXPECT_EQ(graph.addOutputStream("raw"), -1);
     AssertStreams("0 raw: 4 >\n");
@@ -187,14 +187,14 @@ TEST_F(TaskGraphTest, SecondProducerIsRefusedWhenItIsTheSameNode) {
 }
 
 TEST_F(TaskGraphTest, ProducerZeroIsAProducer) {
-    desk.beginNode(0);
+    hostGraph.beginNode(0);
     graph.addOutputStream("raw");
-    desk.beginNode(1);
+    hostGraph.beginNode(1);
     EXPECT_EQ(graph.addOutputStream("raw"), -1);
     AssertRefused("raw", false, 0);
 }
 
-TEST_F(TaskGraphTest, RefusedStreamIsTakenAndFurtherOnesAreCountedAsBefore) {
+TEST_F(TaskGraphTest, RefusalAffectsNeitherConsumersNorLaterIds) {
     graph.addInputStream("");
     EXPECT_EQ(graph.addOutputStream("raw"), 0);
     graph.addOutputStream("raw");
@@ -203,8 +203,8 @@ TEST_F(TaskGraphTest, RefusedStreamIsTakenAndFurtherOnesAreCountedAsBefore) {
     AssertStreams("0 raw: 0 > 0\n1 meta: 0 >\n");
 }
 
-TEST_F(TaskGraphTest, LastRefusalOfTheNodeIsKept) {
-    desk.beginNode(1);
+TEST_F(TaskGraphTest, LastRefusalOfANodeIsKept) {
+    hostGraph.beginNode(1);
     graph.addOutputStream("raw");
     graph.addOutputStream("raw");
     graph.addInputStream("fine");
@@ -215,20 +215,20 @@ TEST_F(TaskGraphTest, LastRefusalOfTheNodeIsKept) {
     AssertRefused("raw", false, 1);
 }
 
-TEST_F(TaskGraphTest, NodeBeginsWithoutARefusal) {
-    desk.beginNode(1);
+TEST_F(TaskGraphTest, NodeStartsWithoutARefusal) {
+    hostGraph.beginNode(1);
     graph.addInputStream("");
-    desk.beginNode(2);
+    hostGraph.beginNode(2);
     AssertNothingRefused();
 
     graph.addInputStream("");
-    desk.beginNode(2);
+    hostGraph.beginNode(2);
     AssertNothingRefused();
     AssertStreams("");
 }
 
-TEST_F(TaskGraphTest, TellsTheLastOfSeveralRefusals) {
-    desk.beginNode(3);
+TEST_F(TaskGraphTest, ReportsTheLastOfSeveralRefusals) {
+    hostGraph.beginNode(3);
     EXPECT_EQ(graph.addInputStream(""), -1);
     EXPECT_EQ(graph.addOutputStream(""), -1);
     AssertRefused("", false, std::nullopt);

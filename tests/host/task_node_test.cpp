@@ -1,4 +1,4 @@
-// Node classes of the desk.
+// Node classes of the host framework.
 #include "host/qv_host_task_node.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ static_assert(std::is_final<QVStubTaskNode>::value);
 
 class TaskNodeTest : public testing::Test {
 protected:
-    // Initialises the node with a record that is gone afterwards.
+    // Initialises the node with a record that is destroyed afterwards.
     int Initialize(int nodeId,
                    const std::string& name,
                    const Inputs& inputs,
@@ -48,7 +48,7 @@ TEST_F(TaskNodeTest, StartsUninitializedAndEmpty) {
     EXPECT_EQ(node.outputs(), Outputs());
 }
 
-TEST_F(TaskNodeTest, HasAnOptionStoreOfItsOwn) {
+TEST_F(TaskNodeTest, HasItsOwnOptionStore) {
     QVHostTaskNode other;
     ASSERT_NE(node.mOptions, nullptr);
     EXPECT_NE(node.mOptions, other.mOptions);
@@ -60,7 +60,7 @@ TEST_F(TaskNodeTest, HasAnOptionStoreOfItsOwn) {
     EXPECT_EQ(other.mOptions->findInt32("fps", &value), 0);
 }
 
-TEST_F(TaskNodeTest, RemembersWhatItWasInitializedWith) {
+TEST_F(TaskNodeTest, RemembersItsInitializeArguments) {
     EXPECT_EQ(Initialize(10, "Tracker#2", {&firstInput, &secondInput}, {&output}), 0);
     EXPECT_TRUE(node.isInitialized());
     EXPECT_EQ(node.nodeId(), 10);
@@ -69,7 +69,7 @@ TEST_F(TaskNodeTest, RemembersWhatItWasInitializedWith) {
     EXPECT_EQ(node.outputs(), Outputs{&output});
 }
 
-TEST_F(TaskNodeTest, IsInitializedWithoutStreamsAndWithoutANameToo) {
+TEST_F(TaskNodeTest, CanBeInitializedWithoutStreamsAndName) {
     EXPECT_EQ(Initialize(0, "", {}, {}), 0);
     EXPECT_TRUE(node.isInitialized());
     EXPECT_EQ(node.nodeName(), "");
@@ -77,7 +77,7 @@ TEST_F(TaskNodeTest, IsInitializedWithoutStreamsAndWithoutANameToo) {
     EXPECT_EQ(node.outputs(), Outputs());
 }
 
-TEST_F(TaskNodeTest, InitializeLeavesTheOptionsAlone) {
+TEST_F(TaskNodeTest, InitializeDoesNotChangeTheOptions) {
     QvMetaData* const options = node.mOptions;
     options->setInt32("fps", 30);
     Initialize(1, "Camera", {}, {&output});
@@ -86,7 +86,7 @@ TEST_F(TaskNodeTest, InitializeLeavesTheOptionsAlone) {
     EXPECT_NE(options->findInt32("fps", &value), 0);
 }
 
-TEST_F(TaskNodeTest, DerivedClassAddsToInitialize) {
+TEST_F(TaskNodeTest, DerivedClassMayExtendInitialize) {
     struct Camera : QVHostTaskNode {
         int initialize(int nodeId,
                        _QVTaskNodeInfo* info,
@@ -106,15 +106,15 @@ TEST_F(TaskNodeTest, DerivedClassAddsToInitialize) {
     EXPECT_EQ(camera.outputs(), Outputs{&output});
 }
 
-TEST_F(TaskNodeTest, StubIsANodeLikeAnyOther) {
+TEST_F(TaskNodeTest, StubIsAnOrdinaryNode) {
     const std::unique_ptr<QVTaskNodeBase> stub = std::make_unique<QVStubTaskNode>();
     _QVTaskNodeInfo info;
     info.nodeName = "Unknown";
     ASSERT_NE(stub->mOptions, nullptr);
     EXPECT_EQ(stub->initialize(2, &info, {&firstInput}, {}), 0);
-    const auto& desk = dynamic_cast<const QVHostTaskNode&>(*stub);
-    EXPECT_TRUE(desk.isInitialized());
-    EXPECT_EQ(desk.nodeId(), 2);
-    EXPECT_EQ(desk.nodeName(), "Unknown");
-    EXPECT_EQ(desk.inputs(), Inputs{&firstInput});
+    const auto& hostNode = dynamic_cast<const QVHostTaskNode&>(*stub);
+    EXPECT_TRUE(hostNode.isInitialized());
+    EXPECT_EQ(hostNode.nodeId(), 2);
+    EXPECT_EQ(hostNode.nodeName(), "Unknown");
+    EXPECT_EQ(hostNode.inputs(), Inputs{&firstInput});
 }

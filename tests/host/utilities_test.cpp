@@ -15,19 +15,19 @@ TEST(SnprintfTest, FormatsIntoTheBuffer) {
     EXPECT_STREQ(buffer, "pipe_-3  2.50%");
 }
 
-TEST(SnprintfTest, WritesNoMoreThanTheSizeWithItsNul) {
+TEST(SnprintfTest, WritesAtMostTheSizeIncludingTheNul) {
     char buffer[] = "????????";
     util_snprintf(buffer, 4, "%s", "abcdef");
     EXPECT_EQ(std::string(buffer, sizeof(buffer)), std::string("abc\0????", 8) + '\0');
 }
 
-TEST(SnprintfTest, TextThatFillsTheBufferIsWhole) {
+TEST(SnprintfTest, TextThatFillsTheBufferIsComplete) {
     char buffer[] = "????";
     util_snprintf(buffer, 4, "%s", "abc");
     EXPECT_EQ(std::string(buffer, sizeof(buffer)), std::string("abc\0", 4) + '\0');
 }
 
-TEST(SnprintfTest, SizeOfOneHoldsTheNulAlone) {
+TEST(SnprintfTest, SizeOfOneHoldsOnlyTheNul) {
     char buffer[] = "????";
     util_snprintf(buffer, 1, "%s", "abc");
     EXPECT_EQ(std::string(buffer, 4), std::string("\0???", 4));
@@ -41,7 +41,7 @@ TEST(SnprintfTest, SizeOfZeroWritesNothing) {
 
 // ---- util_to_string ---------------------------------------------------------
 
-TEST(ToStringTest, IsPlainDecimalText) {
+TEST(ToStringTest, WritesPlainDecimalText) {
     EXPECT_EQ(util_to_string(0), "0");
     EXPECT_EQ(util_to_string(7), "7");
     EXPECT_EQ(util_to_string(-1), "-1");
@@ -52,7 +52,7 @@ TEST(ToStringTest, IsPlainDecimalText) {
 
 // ---- util_strcasecmp --------------------------------------------------------
 
-TEST(StrcasecmpTest, StringsThatAreEqualButForTheCaseOfAsciiLetters) {
+TEST(StrcasecmpTest, IgnoresTheCaseOfAsciiLetters) {
     EXPECT_EQ(util_strcasecmp("", ""), 0);
     EXPECT_EQ(util_strcasecmp("exec_thread_num", "exec_thread_num"), 0);
     EXPECT_EQ(util_strcasecmp("exec_thread_num", "EXEC_Thread_nUM"), 0);
@@ -60,13 +60,13 @@ TEST(StrcasecmpTest, StringsThatAreEqualButForTheCaseOfAsciiLetters) {
     EXPECT_EQ(util_strcasecmp("\xc3\xa4x", "\xc3\xa4X"), 0);
 }
 
-TEST(StrcasecmpTest, StringsThatDiffer) {
+TEST(StrcasecmpTest, DistinguishesOtherStrings) {
     EXPECT_NE(util_strcasecmp("", "a"), 0);
     EXPECT_NE(util_strcasecmp("a", ""), 0);
     EXPECT_NE(util_strcasecmp("exec_thread_num", "exec_thread_nums"), 0);
     EXPECT_NE(util_strcasecmp("exec_thread_num ", "exec_thread_num"), 0);
     EXPECT_NE(util_strcasecmp("exec_thread_num", "exec-thread-num"), 0);
-    // Neighbours of the letters, 32 apart as the two cases are.
+    // Neighbours of the letters, 32 apart like the two cases.
     EXPECT_NE(util_strcasecmp("@", "`"), 0);
     EXPECT_NE(util_strcasecmp("[", "{"), 0);
     EXPECT_NE(util_strcasecmp("_", "\x7f"), 0);
@@ -77,7 +77,7 @@ TEST(StrcasecmpTest, StringsThatDiffer) {
 
 // ---- qv_memset --------------------------------------------------------------
 
-TEST(MemsetTest, FillsThatManyBytes) {
+TEST(MemsetTest, FillsTheGivenNumberOfBytes) {
     std::array<unsigned char, 4> memory = {1, 2, 3, 4};
     qv_memset(memory.data(), 0xab, 3);
     EXPECT_EQ(memory, (std::array<unsigned char, 4>{0xab, 0xab, 0xab, 4}));

@@ -1,5 +1,5 @@
-# Builds what a device takes, the parser on the contracts, in C++11, with no
-# other library than json11: by the compiler of the suite, and by Clang.
+# Builds what a device needs, the parser and the contracts, in C++11, with json11
+# as the only library: with the suite's compiler, and with Clang.
 include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 function(build_for_device name)
@@ -19,8 +19,8 @@ endfunction()
 build_for_device(suite)
 find_program(clang clang++)
 if(clang AND NOT EMULATOR)
-    # The flags of the suite are for its own compiler.
+    # The suite's flags are intended for its own compiler.
     build_for_device(clang -D CMAKE_CXX_COMPILER=${clang} -D CMAKE_CXX_FLAGS=)
 else()
-    message(STATUS "There is no Clang for this machine: GCC alone")
+    message(STATUS "There is no Clang for this machine: only GCC is tested")
 endif()

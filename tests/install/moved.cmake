@@ -1,5 +1,5 @@
-# Installs the project, moves what was installed, and uses it there: the command,
-# the CMake package, and pkg-config's files.
+# Installs the project, moves the installation, and uses it in the new location:
+# the command, the CMake package, and the files for pkg-config.
 include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/before)
@@ -19,7 +19,7 @@ run(${EMULATOR} ${WORK}/after/bin/qvgraph schema)
 file(READ ${WORK}/after/share/qvgraph/graph.schema.json schema)
 expect("${printed}" "${schema}")
 
-# Nothing in it knows where it was, or where it was built.
+# No file contains the old location or the build directory.
 foreach(place ${WORK}/before ${BUILD} ${SOURCE})
     execute_process(COMMAND grep -rlI -e ${place} ${WORK}/after OUTPUT_VARIABLE found)
     expect("${found}" "")
@@ -30,7 +30,7 @@ if(NOT EMULATOR)
     build_by_pkg_config(pkg-config ${WORK}/after)
 endif()
 
-# A version or a component that is not there is refused.
+# A version or component that does not exist is rejected.
 foreach(request "0.2 CONFIG" "1.0 CONFIG" "0.1 CONFIG COMPONENTS engine")
     file(WRITE ${WORK}/wrong/CMakeLists.txt "cmake_minimum_required(VERSION 3.25)
 project(wrong LANGUAGES CXX)
@@ -41,9 +41,10 @@ message(STATUS \"reason: \${qvgraph_NOT_FOUND_MESSAGE}\")
     run(${CMAKE_COMMAND} -S ${WORK}/wrong -B ${WORK}/wrong/build ${ARGUMENTS}
         -D CMAKE_PREFIX_PATH=${WORK}/after)
     if(NOT printed MATCHES "found: (0|FALSE)\n")
-        message(SEND_ERROR "${request} is taken:\n${printed}")
+        message(SEND_ERROR "${request} is accepted:\n${printed}")
     endif()
 endforeach()
-# The last is the component's: the reason names it, and those that there are.
+# The last request is for the component: the reason names it and the existing
+# ones.
 string(REGEX MATCH "reason: [^\n]*" reason "${printed}")
 expect("${reason}" "reason: There is no component 'engine' here, only framework, parser, host.")

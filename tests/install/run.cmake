@@ -1,19 +1,19 @@
-# What the tests of this folder share. Each runs with
+# Shared by the tests of this directory. Each one runs with
 #
 #   cmake -D SOURCE=... -D BUILD=... -D WORK=... -D "ARGUMENTS=..."
 #         -D "EMULATOR=..." -D NM=... -D READELF=... -P TEST.cmake
 #
-# ARGUMENTS go to CMake when it configures a project.
+# ARGUMENTS are passed to CMake when it configures a project.
 cmake_minimum_required(VERSION 3.25)
 
 file(REMOVE_RECURSE ${WORK})
 
-# run(COMMAND...): leaves what it prints on standard output in `printed`.
+# run(COMMAND...): stores the standard output in `printed`.
 function(run)
     execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE printed ERROR_VARIABLE complaint)
     if(NOT result EQUAL 0)
         list(JOIN ARGV " " command)
-        message(FATAL_ERROR "${command}\nended with ${result}:\n${printed}${complaint}")
+        message(FATAL_ERROR "${command}\nexited with ${result}:\n${printed}${complaint}")
     endif()
     set(printed "${printed}" PARENT_SCOPE)
 endfunction()
@@ -38,7 +38,7 @@ function(expect_consumer program)
         "Camera gives nv12 at 25\na Camera: yes\nstream 0: frames\n")
 endfunction()
 
-# The value that ARGUMENTS have for a variable.
+# Returns the value of a variable in ARGUMENTS.
 function(argument name result)
     set(value "")
     foreach(each IN LISTS ARGUMENTS)
@@ -49,8 +49,8 @@ function(argument name result)
     set(${result} "${value}" PARENT_SCOPE)
 endfunction()
 
-# build_by_pkg_config(NAME PREFIX): builds and runs the consumer with what
-# pkg-config says of the package below PREFIX.
+# build_by_pkg_config(NAME PREFIX): builds and runs the consumer with the flags
+# that pkg-config reports for the package below PREFIX.
 function(build_by_pkg_config name prefix)
     file(GLOB_RECURSE files ${prefix}/*/qvgraph-parser.pc)
     cmake_path(GET files PARENT_PATH folder)

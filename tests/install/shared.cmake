@@ -1,4 +1,4 @@
-# Builds and installs shared libraries, and looks at what they show.
+# Builds and installs shared libraries, and checks the symbols that they export.
 include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 run(${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/build ${ARGUMENTS} -D BUILD_SHARED_LIBS=ON
@@ -13,7 +13,8 @@ run(${READELF} -d ${parser} ${host})
 string(REGEX MATCHALL "soname: \\[[^]]*\\]" names "${printed}")
 expect("${names}" "soname: [libqvgraph_parser.so.0.1];soname: [libqvgraph_host.so.0.1]")
 
-# The demangled names of a library's symbols of some kinds, without arguments.
+# Returns the demangled names of a library's symbols of the given kinds, without
+# arguments.
 function(symbols library kinds result)
     run(${NM} -DC ${library})
     string(REGEX MATCHALL " ${kinds} [^(\n@]*" found "${printed}")
@@ -23,8 +24,8 @@ function(symbols library kinds result)
     set(${result} "${found}" PARENT_SCOPE)
 endfunction()
 
-# The parser leaves the framework's functions to the program, and defines
-# nothing but itself and the contracts.
+# The parser leaves the framework's functions undefined, and defines only itself
+# and the contracts.
 set(contract "node_proxy_node_create;node_proxy_parse_stub_uid;qv_err;qv_log;qv_memset;util_snprintf;util_strcasecmp;util_to_string[abi:cxx11]")
 symbols(${parser} U found)
 list(FILTER found INCLUDE REGEX "^(node_proxy|qv|util)_")
@@ -36,7 +37,7 @@ symbols(${parser} [VWu] found)
 list(FILTER found EXCLUDE REGEX "^((typeinfo name|typeinfo|vtable) for )?(QvMetaData|QVInputStreamManager|QVOutputStreamManager|QVTaskGraphConfig|QVTaskNodeBase)")
 expect("${found}" "")
 
-# The desk's framework defines all of them.
+# The host framework defines all of them.
 symbols(${host} T found)
 list(FILTER found INCLUDE REGEX "^(node_proxy|qv_err|qv_log|qv_memset|util)_?")
 list(FILTER found EXCLUDE REGEX "^qv_log_")

@@ -1,4 +1,4 @@
-# Builds the project as a part of another one.
+# Builds the project as part of another project.
 include(${CMAKE_CURRENT_LIST_DIR}/run.cmake)
 
 build_consumer(subdirectory -D HOW=subdirectory -D QVGRAPH_SOURCE_DIR=${SOURCE})

@@ -1,7 +1,7 @@
-// What a host program gets that calls setlocale: in a locale whose decimal
-// point is a comma, options of type float and double have to be written with
-// a comma, and records show one. Nothing else changes. `scripts/locale` makes
-// such a locale and runs these tests in it.
+// A host program that calls setlocale: in a locale with a decimal comma, options
+// of type float and double need a comma, and records contain one. Except for
+// numbers with a fraction and an exponent, nothing else changes.
+// `scripts/locale` creates such a locale and runs these tests in it.
 #include <gtest/gtest.h>
 
 #include <clocale>
@@ -23,7 +23,7 @@ protected:
     }
     void TearDown() override { setlocale(LC_ALL, "C"); }
 
-    // What one option is stored as, and the record about it.
+    // The stored value of one option, and its log record.
     std::string Stored(const std::string& json) {
         std::string records;
         const QVLogScope log(QV_LOG_INFO, [&](const QVLogRecord& record) {
@@ -57,20 +57,20 @@ TEST_F(LocaleTest, NumbersKeepTheirIntegerPart) {
     EXPECT_EQ(Stored("1e3"), "1000 ");
 }
 
-// The exponent is behind what strtod reads.
-TEST_F(LocaleTest, NumberWithFractionAndExponentLosesBoth) {
+// The exponent comes after the part that strtod reads.
+TEST_F(LocaleTest, NumberWithFractionAndExponentIsTruncatedAtItsPoint) {
     EXPECT_EQ(Stored("1.5e3"), "1 ");
 }
 
-TEST_F(LocaleTest, IntegerOptionsAreTheSame) {
+TEST_F(LocaleTest, IntegerOptionsDoNotChange) {
     EXPECT_EQ(Stored("\"int32:42\""), "42 key=key value=42");
 }
 
-TEST_F(LocaleTest, RealOptionsEndAtTheirPoint) {
+TEST_F(LocaleTest, FloatOptionsEndAtTheirPoint) {
     EXPECT_EQ(Stored("\"float:1.5\""), "1000/1000 key=key value=1,000000");
     EXPECT_EQ(Stored("\"double:1.5\""), "1000/1000 key=key value=1,000000");
 }
 
-TEST_F(LocaleTest, RealOptionsTakeAComma) {
+TEST_F(LocaleTest, FloatOptionsAcceptAComma) {
     EXPECT_EQ(Stored("\"float:1,5\""), "1500/1000 key=key value=1,500000");
 }

@@ -1,13 +1,14 @@
-// The manual says what the command says: qvgraph(1) has the verbs and options of
-// its help, qvgraph-config(5) and docs/configuration.md the keys of the check's
-// table, and the latter what becomes of every mistake that the check knows.
+// Compares the manual with the command: qvgraph(1) has the verbs and options of the help, qvgraph-config(5) and docs/configuration.md have the reserved
+// keys, and the latter describes every mistake that the check finds.
+#include <algorithm>
+#include <cctype>
 #include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "check/known_keys.h"
-#include "check/rule.h"
+#include "check/reserved_keys.h"
+#include "check/rules.h"
 #include "tests/cli/command_test.h"
 
 namespace {
@@ -25,7 +26,7 @@ Lines linesOf(const std::string& text) {
     return lines;
 }
 
-// Every match of the expression in the lines, as `format` writes it.
+// Every match of the expression in the lines, formatted by `format`.
 Lines matches(const Lines& lines, const char* expression, const char* format) {
     const std::regex regex(expression);
     Lines found;
@@ -38,7 +39,7 @@ Lines matches(const Lines& lines, const char* expression, const char* format) {
     return found;
 }
 
-// The lines behind `heading`, up to the next of its kind, or of a higher one.
+// The lines after `heading`, up to the next heading of the same or a higher level.
 Lines sectionOf(const Lines& page, const std::string& heading) {
     const auto begin = std::find(page.begin(), page.end(), heading);
     if (begin == page.end()) {
@@ -55,7 +56,7 @@ Lines sorted(Lines lines) {
     return lines;
 }
 
-// "-o,--output FILE" and "FILE", as help shows them at the begin of a line.
+// "-o,--output FILE" and "FILE", as the help shows them at the beginning of a line.
 Lines optionsInHelp(const std::string& help) {
     Lines options = matches(linesOf(help), "^  (-[^ ]+( [A-Z]+)?) ", "$1");
     for (const std::string& argument : matches(linesOf(help), "^  ([A-Z]+) ", "$1")) {
@@ -64,7 +65,7 @@ Lines optionsInHelp(const std::string& help) {
     return sorted(options);
 }
 
-// The same of a page's ".It Fl o , Fl -output Ar FILE" and ".It Ar FILE".
+// The same from ".It Fl o , Fl -output Ar FILE" and ".It Ar FILE" of a page.
 Lines optionsInPage(const Lines& section) {
     Lines options;
     for (const std::string& item : matches(section, "^\\.It ((Fl|Ar) .*)", "$1")) {
@@ -73,6 +74,20 @@ Lines optionsInPage(const Lines& section) {
         options.push_back(std::regex_replace(option, std::regex("Ar "), ""));
     }
     return sorted(options);
+}
+
+// A row of the table of verbs.
+std::string rowOf(const std::string& verb, const std::string& words) {
+    std::string row = "| [`" + verb;
+    row.append("`](#").append(verb).append(") | ").append(words).append(" |");
+    return row;
+}
+
+// A verb in the completion of zsh.
+std::string completionOf(const std::string& verb, const std::string& words) {
+    std::string completion = '\'' + verb;
+    completion.append("[").append(words).append("]'");
+    return completion;
 }
 
 class ManualTest : public CommandTest {
@@ -85,19 +100,37 @@ protected:
     }
 };
 
-TEST_F(ManualTest, HasEveryVerb) {
+TEST_F(ManualTest, ThePageDescribesEveryVerb) {
     const Lines verbs = {"inspect", "check", "draw", "explain", "schema"};
     EXPECT_EQ(VerbsInHelp(), verbs);
     EXPECT_EQ(matches(sectionOf(page, ".Sh VERBS"), "^\\.Ss (.*)", "$1"), verbs);
 }
 
-TEST_F(ManualTest, HasEveryOptionOfTheCommand) {
+// The summary of a verb in the help, with a capital letter and a full stop, and
+// without both.
+TEST_F(ManualTest, EveryPageSummarisesAVerbInTheSameWords) {
+    const std::string help = Run({"--help"}).out;
+    const std::string table = readFile(QVGRAPH_SOURCE_DIR "/docs/command.md");
+    const std::string completions = readFile(QVGRAPH_SOURCE_DIR "/completions/_qvgraph");
+    for (const std::string& verb : VerbsInHelp()) {
+        const std::string summary =
+            matches(linesOf(help), ("^  " + verb + " +(.*)$").c_str(), "$1").at(0);
+        EXPECT_EQ(linesOf(Run({verb, "--help"}).out).at(0), summary);
+        EXPECT_EQ(sectionOf(page, ".Ss " + verb).at(0), summary);
+        std::string words = summary.substr(0, summary.size() - 1);
+        words[0] = static_cast<char>(tolower(words[0]));
+        EXPECT_NE(table.find(rowOf(verb, words)), std::string::npos) << words;
+        EXPECT_NE(completions.find(completionOf(verb, words)), std::string::npos) << words;
+    }
+}
+
+TEST_F(ManualTest, ThePageDescribesEveryOptionOfTheCommand) {
     const Lines options = {"--version", "-h,--help"};
     EXPECT_EQ(optionsInHelp(Run({"--help"}).out), options);
     EXPECT_EQ(optionsInPage(sectionOf(page, ".Sh DESCRIPTION")), options);
 }
 
-TEST_F(ManualTest, HasEveryOptionOfEveryVerb) {
+TEST_F(ManualTest, ThePageDescribesEveryOptionOfEveryVerb) {
     for (const std::string& verb : VerbsInHelp()) {
         const Lines options = optionsInHelp(Run({verb, "--help"}).out);
         EXPECT_GE(options.size(), 2U) << verb;
@@ -105,50 +138,50 @@ TEST_F(ManualTest, HasEveryOptionOfEveryVerb) {
     }
 }
 
-TEST_F(ManualTest, HasEveryKeyOfAConfiguration) {
+TEST_F(ManualTest, TheConfigurationPageDescribesEveryReservedKey) {
     std::string named;
     for (const std::string& line : configuration) {
         named += line + '\n';
     }
-    for (const qvgraph::KnownKey& key : qvgraph::knownKeys()) {
+    for (const qvgraph::ReservedKey& key : qvgraph::reservedKeys()) {
         const std::string name(key.name);
         const std::regex item(key.family ? "Cm " + name + " Ns Ar [A-Z]" : "Cm " + name + "\\b");
         EXPECT_TRUE(std::regex_search(named, item)) << name;
     }
 }
 
-// In an example: as a member, of any index.
-TEST_F(ManualTest, ThePageHasEveryKeyInAnExample) {
+// Looks for the key as a member of an example, with any index.
+TEST_F(ManualTest, TheGuideHasEveryReservedKeyInAnExample) {
     const std::string text = readFile(QVGRAPH_SOURCE_DIR "/docs/configuration.md");
-    for (const qvgraph::KnownKey& key : qvgraph::knownKeys()) {
+    for (const qvgraph::ReservedKey& key : qvgraph::reservedKeys()) {
         const std::string name = std::string(key.name) + (key.family ? "[0-9a-z]+" : "");
         const std::regex member("\n +.*\"" + name + "\": ");
         EXPECT_TRUE(std::regex_search(text, member)) << name;
     }
 }
 
-TEST_F(ManualTest, ThePageHasEveryMistake) {
+TEST_F(ManualTest, TheGuideDescribesEveryMistake) {
     const std::string text = readFile(QVGRAPH_SOURCE_DIR "/docs/configuration.md");
-    for (const qvgraph::Rule& rule : qvgraph::rules()) {
-        const std::string code(rule.code);
+    for (const qvgraph::Rule* rule : qvgraph::rules()) {
+        const std::string code(rule->code);
         EXPECT_NE(text.find("`](rules.md#" + code + ")"), std::string::npos) << code;
     }
 }
 
-TEST_F(ManualTest, ItsConfigurationIsClean) {
+TEST_F(ManualTest, TheExampleHasNoFindings) {
     std::string example;
     for (const std::string& line : sectionOf(configuration, ".Sh DESCRIPTION")) {
         if (line == ".Ed") {
             break;
         }
-        const bool begun = !example.empty() || line == "{";
-        example += begun ? line + '\n' : "";
+        const bool hasBegun = !example.empty() || line == "{";
+        example += hasBegun ? line + '\n' : "";
     }
     folder.write("example.json", example);
     AssertRuns({"check", "example.json"}, 0, "", "qvgraph: 1 file, no findings\n");
 }
 
-TEST_F(ManualTest, MandocFindsNothing) {
+TEST_F(ManualTest, MandocReportsNoProblems) {
     request.command = {
         "/usr/bin/env", "mandoc", "-T", "lint", "-W", "warning", PAGES + "qvgraph.1"};
     request.command.push_back(PAGES + "qvgraph-config.5");

@@ -1,5 +1,5 @@
-// A framework whose contracts are its own: plain classes, one more field in
-// the record, no colours in the records.
+// A framework with its own contracts: classes without virtual operations, an
+// additional field in the creation record, no colours in log records.
 #include <strings.h>
 
 #include <cstdarg>

@@ -1,9 +1,9 @@
-# Builds a device whose framework has headers of its own, and compares what its
-# program prints. Then shows that a set of headers has to be complete.
+# Builds a device whose framework has its own headers, and compares the output of
+# its program. Then checks that an incomplete set of headers is rejected.
 #
 #   cmake -D SOURCE=... -D WORK=... -D "ARGUMENTS=..." -D "EMULATOR=..." -P run.cmake
 #
-# ARGUMENTS go to CMake when it configures the device.
+# ARGUMENTS are passed to CMake when it configures the device.
 
 file(REMOVE_RECURSE ${WORK})
 
@@ -31,12 +31,12 @@ a field that only this framework has
 Camera is node 8 and gives raw as nv12
 ")
 if(NOT result EQUAL 0 OR NOT output STREQUAL expected)
-    message(FATAL_ERROR "device ended with ${result} and printed\n${output}expected\n${expected}")
+    message(FATAL_ERROR "device exited with ${result} and printed\n${output}expected\n${expected}")
 endif()
 
 file(COPY ${CMAKE_CURRENT_LIST_DIR}/ DESTINATION ${WORK}/incomplete)
 file(REMOVE ${WORK}/incomplete/framework/qv_task_graph.h ${WORK}/build/CMakeCache.txt)
 configure(${WORK}/incomplete)
 if(result EQUAL 0 OR NOT output MATCHES "QVGRAPH_FRAMEWORK_INCLUDE_DIR has no framework/qv_task_graph.h")
-    message(FATAL_ERROR "an incomplete set of headers was taken:\n${output}")
+    message(FATAL_ERROR "an incomplete set of headers was accepted:\n${output}")
 endif()

@@ -22,8 +22,8 @@ std::string reportOf(const std::vector<CheckedFile>& files) {
     return out.str();
 }
 
-TEST(CheckJsonTest, ShowsFindingsWhole) {
-    EXPECT_EQ('\n' + reportOf({doorFile(), gateFile()}), R"(
+TEST(CheckJsonTest, ShowsAllOfAFinding) {
+    EXPECT_EQ('\n' + reportOf(filesOf(doorFile(), gateFile())), R"(
 {
   "format_version": "1.0",
   "valid": false,
@@ -44,7 +44,7 @@ TEST(CheckJsonTest, ShowsFindingsWhole) {
     {
       "code": "twice",
       "severity": "warning",
-      "message": "'fps' stands here again",
+      "message": "'fps' is already in this object",
       "file": "door.json",
       "pointer": "/pipe_0/link_0/fps",
       "range": {
@@ -61,7 +61,7 @@ TEST(CheckJsonTest, ShowsFindingsWhole) {
       },
       "related": [
         {
-          "message": "the first one is lost",
+          "message": "overridden here",
           "file": "door.json",
           "range": {
             "start": {
@@ -127,7 +127,7 @@ TEST(CheckJsonTest, ShowsFindingsWhole) {
 }
 
 TEST(CheckJsonTest, WithoutFindingsEverythingIsValid) {
-    EXPECT_EQ('\n' + reportOf({fileWith("a.json", "{}", {})}), R"(
+    EXPECT_EQ('\n' + reportOf(filesOf(fileWith("a.json", "{}", {}))), R"(
 {
   "format_version": "1.0",
   "valid": true,
@@ -146,21 +146,23 @@ TEST(CheckJsonTest, WithoutFindingsEverythingIsValid) {
 }
 
 TEST(CheckJsonTest, WarningsAndNotesLeaveAFileValid) {
-    const CheckedFile file = fileWith("a.json",
-                                      "{}",
-                                      {findingAt({0, 2}, Severity::Warning, "w", "a warning"),
-                                       findingAt({0, 2}, Severity::Note, "n", "a note")});
-    const json report = json::parse(reportOf({file}));
+    const json report = json::parse(
+        reportOf(filesOf(fileWith("a.json",
+                                  "{}",
+                                  {findingAt({0, 2}, Severity::Warning, "w", "a warning"),
+                                   findingAt({0, 2}, Severity::Note, "n", "a note")}))));
     EXPECT_EQ(report.at("valid"), true);
     EXPECT_EQ(report.at("error_count"), 0);
     EXPECT_EQ(report.at("warning_count"), 1);
     EXPECT_EQ(report.at("note_count"), 1);
 }
 
-TEST(CheckJsonTest, CountsOverAllFiles) {
-    const CheckedFile one =
-        fileWith("a.json", "{}", {findingAt({0, 2}, Severity::Error, "e", "an error")});
-    const json report = json::parse(reportOf({one, fileWith("b.json", "{}", {}), one}));
+TEST(CheckJsonTest, CountsTheFindingsOfAllFiles) {
+    const auto wrong = [] {
+        return fileWith("a.json", "{}", {findingAt({0, 2}, Severity::Error, "e", "an error")});
+    };
+    const json report =
+        json::parse(reportOf(filesOf(wrong(), fileWith("b.json", "{}", {}), wrong())));
     EXPECT_EQ(report.at("valid"), false);
     EXPECT_EQ(report.at("error_count"), 2);
     EXPECT_EQ(report.at("files"), json::parse(R"([{"file": "a.json", "valid": false},
@@ -170,18 +172,18 @@ TEST(CheckJsonTest, CountsOverAllFiles) {
 
 TEST(CheckJsonTest, ColumnsCountCodePointsAndBytesBytes) {
     const std::string text = "\"扉\xff\t\" 1";
-    const json report = json::parse(reportOf({fileWith(
-        "a.json", text, {findingAt(spanOf(text, "1"), Severity::Note, "n", "it is 1")})}));
+    const json report = json::parse(reportOf(filesOf(
+        fileWith("a.json", text, {findingAt(spanOf(text, "1"), Severity::Note, "n", "it is 1")}))));
     EXPECT_EQ(report.at("/diagnostics/0/range"_json_pointer),
               json::parse(R"({"start": {"line": 1, "column": 7, "byte": 8},
                               "end": {"line": 1, "column": 8, "byte": 9}})"));
 }
 
-// Messages are fit for a terminal; names and pointers are exact but for what is
-// not UTF-8.
+// Messages are safe for a terminal; names and pointers are exact except for
+// invalid UTF-8.
 TEST(CheckJsonTest, NothingOfAConfigurationReachesTheTerminalRaw) {
     const std::string shown = SHOWN_EVIL;
-    const std::string text = reportOf({hostileFile()});
+    const std::string text = reportOf(filesOf(hostileFile()));
     EXPECT_EQ(text.find_first_of("\033\x7f\t\r"), std::string::npos);
     EXPECT_EQ(text.find('\x9b'), std::string::npos);
     const json report = json::parse(text);

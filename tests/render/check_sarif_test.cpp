@@ -29,8 +29,8 @@ json resultsOf(const std::vector<CheckedFile>& files) {
 }
 
 std::string uriOf(const std::string& path) {
-    const json results =
-        resultsOf({fileWith(path, "{}", {findingAt({0, 2}, Severity::Note, "n", "a note")})});
+    const json results = resultsOf(
+        filesOf(fileWith(path, "{}", {findingAt({0, 2}, Severity::Note, "n", "a note")})));
     return results.at("/0/locations/0/physicalLocation/artifactLocation/uri"_json_pointer);
 }
 
@@ -46,8 +46,8 @@ Finding noteAt(qvgraph::Span span, const char* code, const std::string& pointer)
     return findingAt(span, Severity::Note, code, "a note", pointer);
 }
 
-TEST(CheckSarifTest, ShowsRulesAndFindingsWhole) {
-    EXPECT_EQ('\n' + reportOf({doorFile()}), R"(
+TEST(CheckSarifTest, ShowsAllOfRulesAndFindings) {
+    EXPECT_EQ('\n' + reportOf(filesOf(doorFile())), R"(
 {
   "$schema": "https://docs.oasis-open.org/sarif/sarif/v2.1.0/errata01/os/schemas/sarif-schema-2.1.0.json",
   "version": "2.1.0",
@@ -62,13 +62,13 @@ TEST(CheckSarifTest, ShowsRulesAndFindingsWhole) {
             {
               "id": "twice",
               "shortDescription": {
-                "text": "A key stands twice in one object"
+                "text": "A key occurs twice in one object"
               },
               "fullDescription": {
-                "text": "Which of the two counts is a matter of the order in the text. An object of *JSON* has each key <once>."
+                "text": "The order in the text decides which of the two values wins. An object of *JSON* has each key <once>."
               },
               "help": {
-                "text": "On a device: The last one counts; the others are gone without a word.\n\nPut right: Remove the one that is not meant."
+                "text": "On a device: The last value wins; the other one is silently discarded.\n\nFix: Remove the one that is not intended."
               },
               "defaultConfiguration": {
                 "level": "warning"
@@ -83,7 +83,7 @@ TEST(CheckSarifTest, ShowsRulesAndFindingsWhole) {
           "ruleId": "twice",
           "level": "warning",
           "message": {
-            "text": "'fps' stands here again. Hint: remove one of the two"
+            "text": "'fps' is already in this object. Hint: remove one of the two"
           },
           "locations": [
             {
@@ -123,7 +123,7 @@ TEST(CheckSarifTest, ShowsRulesAndFindingsWhole) {
                 }
               },
               "message": {
-                "text": "the first one is lost"
+                "text": "overridden here"
               }
             }
           ]
@@ -166,15 +166,15 @@ TEST(CheckSarifTest, ShowsRulesAndFindingsWhole) {
 }
 
 TEST(CheckSarifTest, WithoutFindingsThereAreNoResults) {
-    EXPECT_EQ(resultsOf({fileWith("a.json", "{}", {})}), json::array());
+    EXPECT_EQ(resultsOf(filesOf(fileWith("a.json", "{}", {}))), json::array());
 }
 
 TEST(CheckSarifTest, TheRootHasNoLogicalLocation) {
-    const json results = resultsOf({fileWith("a.json", "{}", {noteAt({0, 2}, "n", "")})});
+    const json results = resultsOf(filesOf(fileWith("a.json", "{}", {noteAt({0, 2}, "n", "")})));
     EXPECT_EQ(results.at("/0/locations/0"_json_pointer).contains("logicalLocations"), false);
 }
 
-// ---- Where files are --------------------------------------------------------
+// ---- Paths ------------------------------------------------------------------
 
 TEST(CheckSarifTest, ARelativePathStaysRelative) {
     EXPECT_EQ(uriOf("door.json"), "door.json");
@@ -186,7 +186,7 @@ TEST(CheckSarifTest, AnAbsolutePathIsAFile) {
     EXPECT_EQ(uriOf("/etc/door.json"), "file:///etc/door.json");
 }
 
-TEST(CheckSarifTest, EncodesWhatAUriCannotHave) {
+TEST(CheckSarifTest, EncodesWhatAUriCannotContain) {
     EXPECT_EQ(uriOf("<stdin>"), "%3Cstdin%3E");
     EXPECT_EQ(uriOf("a b%20?#.json"), "a%20b%2520%3F%23.json");
     EXPECT_EQ(uriOf("C:door.json"), "C%3Adoor.json");
@@ -195,22 +195,22 @@ TEST(CheckSarifTest, EncodesWhatAUriCannotHave) {
 
 // ---- Fingerprints -----------------------------------------------------------
 
-TEST(CheckSarifTest, AFingerprintIsOfTheCodeAndThePointer) {
-    const auto moved = fingerprintsOf({fileWith("a.json", "{}", {noteAt({0, 2}, "n", "/a")}),
-                                       fileWith("b.json", "\n{}", {noteAt({1, 3}, "n", "/a")})});
+TEST(CheckSarifTest, AFingerprintDependsOnTheCodeAndThePointer) {
+    const auto moved =
+        fingerprintsOf(filesOf(fileWith("a.json", "{}", {noteAt({0, 2}, "n", "/a")}),
+                               fileWith("b.json", "\n{}", {noteAt({1, 3}, "n", "/a")})));
     EXPECT_EQ(moved, (std::vector<std::string>{"0ce636bc6a3e3e5f:1", "0ce636bc6a3e3e5f:1"}));
     const auto others = fingerprintsOf(
-        {fileWith("a.json", "{}", {noteAt({0, 2}, "n", "/b"), noteAt({0, 2}, "n/", "a")})});
+        filesOf(fileWith("a.json", "{}", {noteAt({0, 2}, "n", "/b"), noteAt({0, 2}, "n/", "a")})));
     EXPECT_EQ(others, (std::vector<std::string>{"0ce637bc6a3e4012:1", "67c73fbc0c90cf9d:1"}));
 }
 
-TEST(CheckSarifTest, TellsFindingsOfOneCodeAndPointerApart) {
-    const auto fingerprints = fingerprintsOf(
-        {fileWith(
-             "a.json",
-             "{}",
-             {noteAt({0, 1}, "n", "/a"), noteAt({0, 1}, "m", "/a"), noteAt({1, 2}, "n", "/a")}),
-         fileWith("b.json", "{}", {noteAt({0, 1}, "n", "/a")})});
+TEST(CheckSarifTest, DistinguishesFindingsWithTheSameCodeAndPointer) {
+    const auto fingerprints = fingerprintsOf(filesOf(
+        fileWith("a.json",
+                 "{}",
+                 {noteAt({0, 1}, "n", "/a"), noteAt({0, 1}, "m", "/a"), noteAt({1, 2}, "n", "/a")}),
+        fileWith("b.json", "{}", {noteAt({0, 1}, "n", "/a")})));
     EXPECT_EQ(fingerprints,
               (std::vector<std::string>{"0ce636bc6a3e3e5f:1",
                                         "2cd434a3678025ac:1",
@@ -222,7 +222,7 @@ TEST(CheckSarifTest, TellsFindingsOfOneCodeAndPointerApart) {
 
 TEST(CheckSarifTest, NothingOfAConfigurationReachesTheTerminalRaw) {
     const std::string shown = SHOWN_EVIL;
-    const std::string text = reportOf({hostileFile()});
+    const std::string text = reportOf(filesOf(hostileFile()));
     EXPECT_EQ(text.find_first_of("\033\x7f\t\r"), std::string::npos);
     EXPECT_EQ(text.find('\x9b'), std::string::npos);
     const json result = json::parse(text).at("/runs/0/results/0"_json_pointer);

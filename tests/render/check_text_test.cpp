@@ -1,4 +1,4 @@
-// Findings for people, and for tools that read what compilers write.
+// Findings for people, and for tools that read the output of compilers.
 #include "render/check_text.h"
 
 #include <gtest/gtest.h>
@@ -33,11 +33,11 @@ protected:
 };
 
 TEST_F(CheckTextTest, ShowsFindingsWithTheirLines) {
-    AssertShows({doorFile(), gateFile()}, R"(
-door.json:3:14: warning: 'fps' stands here again [twice]
+    AssertShows(filesOf(doorFile(), gateFile()), R"(
+door.json:3:14: warning: 'fps' is already in this object [twice]
     3 |              "fps": 30},
       |              ^~~~~
-door.json:2:14: note: the first one is lost
+door.json:2:14: note: overridden here
     2 |   "link_0": {"fps": 25,
       |              ^~~~~
       = hint: remove one of the two
@@ -52,20 +52,21 @@ gate.json:1:3: note: the last line does not end [no-line-end]
 )");
 }
 
-TEST_F(CheckTextTest, WithoutFindingsThereIsNothing) {
-    EXPECT_EQ(Report({}), "");
-    EXPECT_EQ(Report({fileWith("a.json", "{}", {}), fileWith("b.json", "{}", {})}), "");
+TEST_F(CheckTextTest, WritesNothingWithoutFindings) {
+    EXPECT_EQ(Report(filesOf()), "");
+    EXPECT_EQ(Report(filesOf(fileWith("a.json", "{}", {}), fileWith("b.json", "{}", {}))), "");
 }
 
-TEST_F(CheckTextTest, NoEmptyLineStandsForAFileWithoutFindings) {
-    EXPECT_EQ(Report({fileWith("a.json", "{}", {}), gateFile(), fileWith("b.json", "{}", {})}),
-              Report({gateFile()}));
+TEST_F(CheckTextTest, WritesNoEmptyLineForAFileWithoutFindings) {
+    EXPECT_EQ(
+        Report(filesOf(fileWith("a.json", "{}", {}), gateFile(), fileWith("b.json", "{}", {}))),
+        Report(filesOf(gateFile())));
 }
 
-TEST_F(CheckTextTest, ShowsEveryRelatedPlace) {
+TEST_F(CheckTextTest, ShowsEveryRelatedLocation) {
     Finding finding = findingAt({1, 2}, Severity::Error, "two", "there are two more");
     finding.related = {{"this one", {4, 5}}, {"and this one", {7, 8}}};
-    AssertShows({fileWith("a.json", "[1, 2, 3]", {finding})}, R"(
+    AssertShows(filesOf(fileWith("a.json", "[1, 2, 3]", {finding})), R"(
 a.json:1:2: error: there are two more [two]
     1 | [1, 2, 3]
       |  ^
@@ -83,7 +84,7 @@ TEST_F(CheckTextTest, WrapsALongHint) {
     finding.hint =
         "write an object that has a member for every pipe, numbered from 0 on without a gap, each "
         "an object";
-    AssertShows({fileWith("a.json", "{}", {finding})}, R"(
+    AssertShows(filesOf(fileWith("a.json", "{}", {finding})), R"(
 a.json:1:1: error: it needs many words [long]
     1 | {}
       | ^~
@@ -92,10 +93,10 @@ a.json:1:1: error: it needs many words [long]
 )");
 }
 
-TEST_F(CheckTextTest, AHintStandsUnderTheGutterOfALateLine) {
+TEST_F(CheckTextTest, AHintIsAlignedWithAWideGutter) {
     Finding finding = findingAt({999999, 1000001}, Severity::Error, "late", "it is late");
     finding.hint = "come earlier";
-    AssertShows({fileWith("a.json", std::string(999999, '\n') + "{}", {finding})}, R"(
+    AssertShows(filesOf(fileWith("a.json", std::string(999999, '\n') + "{}", {finding})), R"(
 a.json:1000000:1: error: it is late [late]
 1000000 | {}
         | ^~
@@ -104,13 +105,14 @@ a.json:1000000:1: error: it is late [late]
 }
 
 TEST_F(CheckTextTest, ShowsTheEndOfTheText) {
-    AssertShows({fileWith("a.json",
-                          "{\n",
-                          {findingAt({2, 2}, Severity::Error, "end", "unexpected end of input")})},
-                R"(
+    AssertShows(
+        filesOf(fileWith("a.json",
+                         "{\n",
+                         {findingAt({2, 2}, Severity::Error, "end", "unexpected end of input")})),
+        R"(
 a.json:2:1: error: unexpected end of input [end]
     2 | )"
-                R"(
+        R"(
       | ^
 )");
 }
@@ -118,8 +120,8 @@ a.json:2:1: error: unexpected end of input [end]
 TEST_F(CheckTextTest, TabsAndCarriageReturnsDoNotMoveTheMarker) {
     const std::string text = "{\r\n\t\"a\":\t1\r\n}";
     AssertShows(
-        {fileWith(
-            "a.json", text, {findingAt(spanOf(text, "1"), Severity::Warning, "one", "it is 1")})},
+        filesOf(fileWith(
+            "a.json", text, {findingAt(spanOf(text, "1"), Severity::Warning, "one", "it is 1")})),
         R"(
 a.json:2:7: warning: it is 1 [one]
     2 |  "a": 1
@@ -127,11 +129,11 @@ a.json:2:7: warning: it is 1 [one]
 )");
 }
 
-TEST_F(CheckTextTest, OfALongLineShowsThePlace) {
+TEST_F(CheckTextTest, ShowsTheMarkedPartOfALongLine) {
     const std::string text = "[" + std::string(500, ' ') + "1" + std::string(500, ' ') + "]";
     AssertShows(
-        {fileWith(
-            "a.json", text, {findingAt(spanOf(text, "1"), Severity::Note, "one", "it is 1")})},
+        filesOf(fileWith(
+            "a.json", text, {findingAt(spanOf(text, "1"), Severity::Note, "one", "it is 1")})),
         R"(
 a.json:1:502: note: it is 1 [one]
     1 | ...                                          1                                           ...
@@ -140,12 +142,12 @@ a.json:1:502: note: it is 1 [one]
 }
 
 TEST_F(CheckTextTest, ColoursAsCompilersDo) {
-    EXPECT_EQ(Report({doorFile(), gateFile()}, true),
+    EXPECT_EQ(Report(filesOf(doorFile(), gateFile()), true),
               "\033[1mdoor.json:3:14:\033[0m \033[1;35mwarning:\033[0m "
-              "'fps' stands here again [\033[1;35mtwice\033[0m]\n"
+              "'fps' is already in this object [\033[1;35mtwice\033[0m]\n"
               "    3 |              \"fps\": 30},\n"
               "      |              \033[1;35m^~~~~\033[0m\n"
-              "\033[1mdoor.json:2:14:\033[0m \033[1;36mnote:\033[0m the first one is lost\n"
+              "\033[1mdoor.json:2:14:\033[0m \033[1;36mnote:\033[0m overridden here\n"
               "    2 |   \"link_0\": {\"fps\": 25,\n"
               "      |              \033[1;36m^~~~~\033[0m\n"
               "      = \033[1;32mhint:\033[0m remove one of the two\n"
@@ -164,13 +166,13 @@ TEST_F(CheckTextTest, ColoursAsCompilersDo) {
 TEST_F(CheckTextTest, NothingOfAConfigurationReachesTheTerminalRaw) {
     const std::string shown = SHOWN_EVIL;
     const std::string line = "    1 | \"\\x1b\ufffd\\x9b\\x202e\" x\n";
-    EXPECT_EQ(Report({hostileFile()}),
+    EXPECT_EQ(Report(filesOf(hostileFile())),
               shown + ":1:1: error: " + shown + " [evil]\n" + line + "      | ^~~~~~\n" + shown +
                   ":1:8: note: " + shown + '\n' + line + "      |                   ^\n" +
                   "      = hint: " + shown + '\n');
 }
 
-// ---- One line each ----------------------------------------------------------
+// ---- One line per finding ----------------------------------------------------
 
 std::string gccReport(const std::vector<CheckedFile>& files) {
     std::ostringstream out;
@@ -178,21 +180,21 @@ std::string gccReport(const std::vector<CheckedFile>& files) {
     return out.str();
 }
 
-TEST(CheckGccTest, ShowsAFindingInALine) {
+TEST(CheckGccTest, ShowsAFindingOnOneLine) {
     EXPECT_EQ(
-        gccReport({doorFile(), fileWith("clean.json", "{}", {}), gateFile()}),
-        "door.json:3:14: warning: 'fps' stands here again; hint: remove one of the two [twice]\n"
+        gccReport(filesOf(doorFile(), fileWith("clean.json", "{}", {}), gateFile())),
+        "door.json:3:14: warning: 'fps' is already in this object; hint: remove one of the two [twice]\n"
         "door.json:4:3: error: 'link_x' has no number [no-number]\n"
         "gate.json:1:3: note: the last line does not end [no-line-end]\n");
 }
 
-TEST(CheckGccTest, WithoutFindingsThereIsNothing) {
-    EXPECT_EQ(gccReport({fileWith("a.json", "{}", {})}), "");
+TEST(CheckGccTest, WritesNothingWithoutFindings) {
+    EXPECT_EQ(gccReport(filesOf(fileWith("a.json", "{}", {}))), "");
 }
 
 TEST(CheckGccTest, NothingOfAConfigurationReachesTheTerminalRaw) {
     const std::string shown = SHOWN_EVIL;
-    EXPECT_EQ(gccReport({hostileFile()}),
+    EXPECT_EQ(gccReport(filesOf(hostileFile())),
               shown + ":1:1: error: " + shown + "; hint: " + shown + " [evil]\n");
 }
 

@@ -37,7 +37,7 @@ protected:
         return lines;
     }
 
-    // An attribute of the only such line; "" where it has none.
+    // An attribute of the only such line; "" if it has none.
     std::string AttributeOf(const std::string& names,
                             const std::string& attribute,
                             const DotRequest& request = {}) const {
@@ -85,12 +85,12 @@ protected:
     }
 };
 
-TEST_F(DrawDotTest, DrawsAPipeWhole) {
+TEST_F(DrawDotTest, DrawsAllOfAPipe) {
     Load(SMALL_PIPE);
     EXPECT_EQ(Dot(), readFile(QVGRAPH_TEST_DATA "/draw/door.dot"));
 }
 
-TEST_F(DrawDotTest, TheSameInputGivesTheSameBytes) {
+TEST_F(DrawDotTest, TheSameInputProducesTheSameBytes) {
     Load(SMALL_PIPE, {At("/pipe_0/node_1", "a"), At("/pipe_0/link_0", "b")});
     const std::string first = Dot();
     Load(SMALL_PIPE, {At("/pipe_0/node_1", "a"), At("/pipe_0/link_0", "b")});
@@ -103,19 +103,19 @@ TEST_F(DrawDotTest, TheFirstPipeIsTheLastInTheGraph) {
     EXPECT_LT(dot.find("subgraph \"cluster_pipe_1\" {"), dot.find("subgraph \"cluster_pipe_0\" {"));
 }
 
-TEST_F(DrawDotTest, APipeWithoutNodesSaysSo) {
+TEST_F(DrawDotTest, APipeWithoutNodesIsMarked) {
     Load(R"({"pipe_0": {}})");
     EXPECT_EQ(LabelOf("empty"), "no nodes");
 }
 
-TEST_F(DrawDotTest, AMemberWhoseIdLeadsElsewhereGoesByItsPlace) {
+TEST_F(DrawDotTest, AMemberWhoseIdMapsToADifferentKeyIsNamedByItsPosition) {
     Load(R"({"pipe_0": {"node_0": {}, "node_00": {"node_opts": {"node_name": "Camera"}}}})");
     EXPECT_EQ(LabelOf("node_0"), "(no name)/node_0");
     EXPECT_EQ(LabelOf("#1"), "Camera/node_00 (id 0)");
     EXPECT_EQ(AttributeOf("#1", "id"), "\"p0n1\"");
 }
 
-TEST_F(DrawDotTest, ManyNodesAreLaidOutLessWell) {
+TEST_F(DrawDotTest, ManyNodesAreLaidOutFaster) {
     const auto load = [this](int count) {
         std::string nodes;
         for (int i = 0; i < count; ++i) {
@@ -131,22 +131,22 @@ TEST_F(DrawDotTest, ManyNodesAreLaidOutLessWell) {
 
 // ---- Legends ----------------------------------------------------------------
 
-TEST_F(DrawDotTest, ALegendNamesTheFileAndWhatIsInIt) {
+TEST_F(DrawDotTest, ALegendNamesTheFileAndSummarisesIt) {
     Load(R"({"pipe_0": {}})", {At("", "a"), At("/pipe_0", "b", Severity::Warning)});
     EXPECT_NE(Dot().find("<B>door.json</B>"), std::string::npos);
     EXPECT_NE(Dot().find(">1 pipe, 0 nodes, 1 error and 1 warning</FONT>"), std::string::npos);
     EXPECT_NE(Dot().find("<B>error 1:1</B>  it is wrong [a]"), std::string::npos);
 }
 
-TEST_F(DrawDotTest, MarksAreExplainedWhereTheyOccur) {
+TEST_F(DrawDotTest, MarksAreExplainedIfTheyOccur) {
     Load(SMALL_PIPE);
-    EXPECT_NE(Dot().find("takes the newest item only"), std::string::npos);
+    EXPECT_NE(Dot().find("input keeps the latest item only"), std::string::npos);
     Load(R"({"pipe_0": {"node_0": {"node_opts": {"node_name": "X"},
                         "stream_opts": {"stream_input": "a", "stream_fmt_in": "f"}}}})");
-    EXPECT_EQ(Dot().find("takes the newest item only"), std::string::npos);
+    EXPECT_EQ(Dot().find("input keeps the latest item only"), std::string::npos);
 }
 
-TEST_F(DrawDotTest, APipeHasItsOptionSetsAndFindingsAbove) {
+TEST_F(DrawDotTest, APipeShowsItsOptionSetsAndFindingsAtTheTop) {
     Load(SMALL_PIPE, {At("/pipe_0/node_1", "a"), At("/pipe_0/link_0", "b", Severity::Warning)});
     EXPECT_EQ(LabelOf("graph"),
               "pipe_0  2 executor threads, default link mode async"
@@ -158,7 +158,7 @@ TEST_F(DrawDotTest, APipeHasItsOptionSetsAndFindingsAbove) {
               std::string::npos);
 }
 
-TEST_F(DrawDotTest, ALongLegendGoesOnInFurtherLines) {
+TEST_F(DrawDotTest, ALongLegendContinuesInFurtherLines) {
     const std::string word(60, 'x');
     Load("{\"pipe_0\": {\"link_0\": {\"a\": \"" + word + "\", \"b\": \"" + word + "\"}}}");
     EXPECT_EQ(LabelOf("graph"),
@@ -167,7 +167,7 @@ TEST_F(DrawDotTest, ALongLegendGoesOnInFurtherLines) {
                   word + "\", b/\"" + word + "\"");
 }
 
-TEST_F(DrawDotTest, WhereAStreamLeadsBackThereIsRoomBelowTheLegend) {
+TEST_F(DrawDotTest, ACycleHasSpaceBelowTheLegend) {
     Load(R"({"pipe_0": {
   "node_0": {"node_opts": {"node_name": "A"},
              "stream_opts": {"stream_input": "b", "stream_fmt_in": "f",
@@ -182,7 +182,7 @@ TEST_F(DrawDotTest, WhereAStreamLeadsBackThereIsRoomBelowTheLegend) {
 
 // ---- Texts ------------------------------------------------------------------
 
-TEST_F(DrawDotTest, NamesAreTextAndNothingElse) {
+TEST_F(DrawDotTest, NamesAreNothingButText) {
     Load(R"({"pipe_0": {"node_0": {
       "node_opts": {"node_name": "</TABLE>>];\"&lt;\\N\\x\u001b\uffff#<B>"},
       "stream_opts": {"stream_output": "\"]; a -> b <&", "stream_fmt_out": "\\G</FONT>"}}}})");
@@ -223,7 +223,7 @@ TEST_F(DrawDotTest, NodesWithoutOptionsStayAsTheyAre) {
     EXPECT_EQ(AttributeOf("node_0", "label", {true}), AttributeOf("node_0", "label"));
 }
 
-TEST_F(DrawDotTest, NodesShowAFewOptions) {
+TEST_F(DrawDotTest, NodesShowAtMost30Options) {
     std::string options;
     for (int i = 10; i < 42; ++i) {
         options += ", \"o" + std::to_string(i) + "\": 1";
@@ -235,7 +235,7 @@ TEST_F(DrawDotTest, NodesShowAFewOptions) {
 
 // ---- Findings ---------------------------------------------------------------
 
-TEST_F(DrawDotTest, AnErrorIsPaintedOnItsNode) {
+TEST_F(DrawDotTest, AnErrorColoursItsNode) {
     Load(SMALL_PIPE, {At("/pipe_0/node_1/node_opts", "name")});
     EXPECT_EQ(LabelOf("node_1"), "Tuner/node_1/error: name");
     EXPECT_EQ(AttributeOf("node_1", "color"), "\"#b33a00\"");
@@ -246,7 +246,7 @@ TEST_F(DrawDotTest, AnErrorIsPaintedOnItsNode) {
     EXPECT_EQ(AttributeOf("node_2", "color"), "");
 }
 
-TEST_F(DrawDotTest, AWarningIsPaintedOtherwise) {
+TEST_F(DrawDotTest, AWarningHasADifferentColour) {
     Load(SMALL_PIPE, {At("/pipe_0/node_1", "name", Severity::Warning)});
     EXPECT_EQ(LabelOf("node_1"), "Tuner/node_1/warning: name");
     EXPECT_EQ(AttributeOf("node_1", "color"), "\"#7d6100\"");
@@ -254,7 +254,7 @@ TEST_F(DrawDotTest, AWarningIsPaintedOtherwise) {
     EXPECT_EQ(AttributeOf("node_1", "peripheries"), "1");
 }
 
-TEST_F(DrawDotTest, ANoteIsNotPainted) {
+TEST_F(DrawDotTest, ANoteHasNoColour) {
     Load(SMALL_PIPE);
     const std::string without = Dot();
     Load(SMALL_PIPE,
@@ -263,7 +263,7 @@ TEST_F(DrawDotTest, ANoteIsNotPainted) {
     EXPECT_EQ(Dot(), without);
 }
 
-TEST_F(DrawDotTest, AFindingOnOneEndIsPaintedOnItsLine) {
+TEST_F(DrawDotTest, AFindingOnAConsumerColoursItsLine) {
     Load(SMALL_PIPE, {At("/pipe_0/node_2/stream_opts/stream_input", "late")});
     EXPECT_EQ(LabelOf("stream_1/remark_0"), "error: late");
     EXPECT_EQ(AttributeOf("stream_1/remark_0", "id"), "\"p0s1r0\"");
@@ -280,7 +280,7 @@ TEST_F(DrawDotTest, AFindingOnOneEndIsPaintedOnItsLine) {
     EXPECT_EQ(LinesOf("stream_1 -> node_3").size(), 1U);
 }
 
-TEST_F(DrawDotTest, AFindingOnAProducerIsPaintedOnItsLine) {
+TEST_F(DrawDotTest, AFindingOnAProducerColoursItsLine) {
     Load(SMALL_PIPE, {At("/pipe_0/node_0/stream_opts/stream_fmt_out", "odd", Severity::Warning)});
     EXPECT_EQ(LabelOf("stream_0/remark_0"), "warning: odd");
     EXPECT_EQ(
@@ -291,14 +291,14 @@ TEST_F(DrawDotTest, AFindingOnAProducerIsPaintedOnItsLine) {
     EXPECT_EQ(LinesOf("stream_0/remark_0 -> stream_0").size(), 1U);
 }
 
-TEST_F(DrawDotTest, AFormatThatDiffersStandsOnItsLine) {
+TEST_F(DrawDotTest, AFormatThatDiffersIsOnItsLine) {
     Load(R"({"pipe_0": {
       "node_0": {"node_opts": {"node_name": "X"},
                  "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}},
       "node_1": {"node_opts": {"node_name": "X"},
                  "stream_opts": {"stream_input": "a", "stream_fmt_in": "g"}}}})");
     EXPECT_EQ(LabelOf("stream_0"), "a/f");
-    EXPECT_EQ(LabelOf("stream_0/remark_0"), "takes g");
+    EXPECT_EQ(LabelOf("stream_0/remark_0"), "consumes g");
     EXPECT_EQ(LinesOf("stream_0/remark_0 -> node_1"),
               (std::vector<std::string>{"    \"pipe_0/stream_0/remark_0\" -> \"pipe_0/node_1\" "
                                         "[id=\"p0s0e2\", class=\"stream\"]"}));
@@ -316,14 +316,14 @@ TEST_F(DrawDotTest, AStreamMayHaveSeveralProducers) {
     EXPECT_EQ(LabelOf("stream_0/remark_0"), "error: two");
 }
 
-// ---- Loose ends -------------------------------------------------------------
+// ---- Missing ends -----------------------------------------------------------
 
 const char* const LOOSE = R"({"pipe_0": {"node_0": {
   "node_opts": {"node_name": "X"},
   "stream_opts": {"stream_input": "in", "stream_fmt_in": "f",
                   "stream_output": "out", "stream_fmt_out": "g"}}}})";
 
-TEST_F(DrawDotTest, AStreamThatNobodyGivesBeginsAtADashedBox) {
+TEST_F(DrawDotTest, AStreamWithoutAProducerBeginsAtADashedBox) {
     Load(LOOSE);
     EXPECT_EQ(LabelOf("stream_0/loose"), "no producer");
     EXPECT_EQ(AttributeOf("stream_0/loose", "style"), "\"rounded,dashed\"");
@@ -333,7 +333,7 @@ TEST_F(DrawDotTest, AStreamThatNobodyGivesBeginsAtADashedBox) {
     EXPECT_EQ(LabelOf("stream_0"), "in/f");
 }
 
-TEST_F(DrawDotTest, AStreamThatNobodyTakesEndsAtADashedBox) {
+TEST_F(DrawDotTest, AStreamWithoutAConsumerEndsAtADashedBox) {
     Load(LOOSE);
     EXPECT_EQ(LabelOf("stream_1/loose"), "no consumer");
     EXPECT_EQ(LinesOf("node_0 -> stream_1").size(), 1U);
@@ -341,7 +341,7 @@ TEST_F(DrawDotTest, AStreamThatNobodyTakesEndsAtADashedBox) {
     EXPECT_EQ(LabelOf("stream_1"), "out/g");
 }
 
-TEST_F(DrawDotTest, ALooseEndIsPaintedWithItsFinding) {
+TEST_F(DrawDotTest, AMissingEndHasTheColourOfItsFinding) {
     Load(LOOSE, {At("/pipe_0/node_0/stream_opts/stream_input", "no-producer", Severity::Warning)});
     EXPECT_EQ(LabelOf("stream_0/loose"), "warning: no-producer");
     EXPECT_EQ(AttributeOf("stream_0/loose", "color"), "\"#7d6100\"");

@@ -41,7 +41,7 @@ protected:
         return out.str();
     }
 
-    // What stands between two texts.
+    // The text between two texts.
     std::string Between(const std::string& begin, const std::string& end) const {
         const std::string page = Page();
         const size_t from = page.find(begin) + begin.size();
@@ -54,13 +54,13 @@ protected:
     }
 };
 
-TEST_F(DrawHtmlTest, HoldsThePictureAsItIs) {
+TEST_F(DrawHtmlTest, ContainsThePictureUnchanged) {
     Load(SMALL_PIPE);
     EXPECT_EQ(Between("<div id=\"ui-stage\">\n", "\n</div>"),
               "<svg viewBox=\"0 0 1 1\"><g/></svg>");
 }
 
-TEST_F(DrawHtmlTest, HoldsItsStyleAndItsScript) {
+TEST_F(DrawHtmlTest, ContainsItsStyleAndItsScript) {
     Load(SMALL_PIPE);
     EXPECT_EQ(Between("<style>\n", "</style>"),
               qvgraph::PAGE_STYLE + qvgraph::darkStyle(":root[data-theme=dark] svg ") +
@@ -69,7 +69,7 @@ TEST_F(DrawHtmlTest, HoldsItsStyleAndItsScript) {
     EXPECT_EQ(Between("<script>", "</script>"), qvgraph::PAGE_SCRIPT);
 }
 
-TEST_F(DrawHtmlTest, LetsItsOwnScriptRunAndNothingElse) {
+TEST_F(DrawHtmlTest, AllowsOnlyItsOwnScript) {
     Load(SMALL_PIPE);
     const std::string policy = Between("http-equiv=\"Content-Security-Policy\" content=\"", "\"");
     const size_t hash = policy.find("sha256-") + 7;
@@ -80,7 +80,7 @@ TEST_F(DrawHtmlTest, LetsItsOwnScriptRunAndNothingElse) {
               qvgraph::PAGE_SCRIPT_SHA256);
 }
 
-TEST_F(DrawHtmlTest, NamesTheFileAndWhatIsInIt) {
+TEST_F(DrawHtmlTest, NamesTheFileAndSummarisesIt) {
     Load(R"({"pipe_0": {}})", {At("", "a")});
     file->name = "<b>&amp;\033.json";
     EXPECT_EQ(Between("<title>", "</title>"), "&lt;b&gt;&amp;amp;\\x1b.json - qvgraph");
@@ -88,7 +88,7 @@ TEST_F(DrawHtmlTest, NamesTheFileAndWhatIsInIt) {
     EXPECT_EQ(Between("<p>", "</p>"), "1 pipe, 0 nodes, 1 error");
 }
 
-TEST_F(DrawHtmlTest, KnowsPipesNodesAndStreams) {
+TEST_F(DrawHtmlTest, HasTheDataOfPipesNodesAndStreams) {
     Load(R"({"pipe_0": {
       "thread_opts": {"exec_thread_num": 1},
       "executor_0": {"executor_opts": {"name": "a"}},
@@ -132,21 +132,22 @@ TEST_F(DrawHtmlTest, KnowsPipesNodesAndStreams) {
 })json"));
 }
 
-TEST_F(DrawHtmlTest, TellsNotesAsWell) {
+TEST_F(DrawHtmlTest, IncludesNotes) {
     Load(R"({"pipe_0": {"node_0": {}}})", {At("/pipe_0/node_0", "a", Severity::Note)});
     EXPECT_EQ(Data()["pipes"][0]["nodes"][0]["findings"][0]["severity"], "note");
 }
 
-TEST_F(DrawHtmlTest, AMemberWhoseIdLeadsElsewhereIsNotSetUp) {
+TEST_F(DrawHtmlTest, AMemberWhoseIdMapsToADifferentKeyIsNotSetUp) {
     Load(R"({"pipe_0": {"node_0": {"node_opts": {"node_name": "A"}},
                         "node_00": {"node_opts": {"node_name": "B"}}}})");
     EXPECT_EQ(Data()["pipes"][0]["nodes"][1]["name"], "B");
-    EXPECT_EQ(Data()["pipes"][0]["nodes"][1]["outcome"], "none: its id leads elsewhere");
+    EXPECT_EQ(Data()["pipes"][0]["nodes"][1]["outcome"],
+              "not set up: its id maps to a different key");
 }
 
-// ---- What a configuration may try -------------------------------------------
+// ---- Hostile configurations -------------------------------------------------
 
-TEST_F(DrawHtmlTest, NoTextOfAConfigurationIsMarkup) {
+TEST_F(DrawHtmlTest, NothingInAConfigurationIsMarkup) {
     Load(R"({"pipe_0": {"default_mode_link": "</script><script>alert(1)</script>",
       "node_0": {"node_opts": {"node_name": "</script><!--<script>", "<b>": "\u2028]]>\u0000"},
                  "stream_opts": {"stream_output": "<svg onload=alert(1)>"}}}})");

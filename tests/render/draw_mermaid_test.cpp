@@ -30,12 +30,12 @@ protected:
     }
 };
 
-TEST_F(DrawMermaidTest, DrawsAPipeWhole) {
+TEST_F(DrawMermaidTest, DrawsAllOfAPipe) {
     Load(SMALL_PIPE);
     EXPECT_EQ(Chart(), readFile(QVGRAPH_TEST_DATA "/draw/door.mmd"));
 }
 
-TEST_F(DrawMermaidTest, TextsAreTextAndNothingElse) {
+TEST_F(DrawMermaidTest, NamesAreNothingButText) {
     Load(R"({"pipe_0": {"node_0": {
       "node_opts": {"node_name": "%%{init: {}}%%\"];<b>`*1. \\&amp;\u001b|\u00e4"},
       "stream_opts": {"stream_output": "end", "stream_fmt_out": "style:#1;"}}}})");
@@ -63,7 +63,7 @@ TEST_F(DrawMermaidTest, NodesShowTheirOptionsOnRequest) {
                 {true});
 }
 
-TEST_F(DrawMermaidTest, FindingsArePaintedOnNodesAndEdges) {
+TEST_F(DrawMermaidTest, FindingsColourNodesAndEdges) {
     Load(R"({"pipe_0": {
       "node_0": {"node_opts": {"node_name": "A"},
                  "stream_opts": {"stream_output": "s", "stream_fmt_out": "f"}},
@@ -81,12 +81,12 @@ TEST_F(DrawMermaidTest, FindingsArePaintedOnNodesAndEdges) {
     p0legend ~~~ p0n0
     p0n0["A<br/>node_0<br/>error#58; bad"]:::error
     p0n1["B<br/>node_1<br/>warning#58; odd"]:::warning
-    p0n0 -.->|"s<br/>f<br/>takes g<br/>warning#58; differs<br/>newest only"| p0n1
+    p0n0 -.->|"s<br/>f<br/>consumes g<br/>warning#58; differs<br/>latest only"| p0n1
 )");
     EXPECT_NE(Chart().find("\n  linkStyle 1 stroke:#7d6100,stroke-width:3px\n"), std::string::npos);
 }
 
-TEST_F(DrawMermaidTest, AStreamOfManyIsANode) {
+TEST_F(DrawMermaidTest, AStreamWithSeveralProducersIsANode) {
     Load(R"({"pipe_0": {
       "node_0": {"node_opts": {"node_name": "A"},
                  "stream_opts": {"stream_output": "s", "stream_fmt_out": "f"}},
@@ -109,7 +109,7 @@ TEST_F(DrawMermaidTest, AStreamOfManyIsANode) {
     EXPECT_NE(Chart().find("\n  linkStyle 2 stroke:#b33a00,stroke-width:3px\n"), std::string::npos);
 }
 
-TEST_F(DrawMermaidTest, LooseEndsArePaintedWithTheirFindings) {
+TEST_F(DrawMermaidTest, MissingEndsHaveTheColourOfTheirFindings) {
     Load(R"({"pipe_0": {"node_0": {
       "node_opts": {"node_name": "X"},
       "stream_opts": {"stream_input": "in", "stream_fmt_in": "f"}}}})",
@@ -126,7 +126,7 @@ TEST_F(DrawMermaidTest, LooseEndsArePaintedWithTheirFindings) {
 )");
 }
 
-TEST_F(DrawMermaidTest, WhatIsInNoPipeStandsOutside) {
+TEST_F(DrawMermaidTest, FindingsOutsideOfPipesAreOutsideOfThem) {
     Load(R"({"pipe_0": {}, "pipe_1": {}})", {At("", "whole")});
     EXPECT_EQ(Chart(), R"(%%{init: {"flowchart": {"wrappingWidth": 900}}}%%
 flowchart LR

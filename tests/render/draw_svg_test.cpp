@@ -1,4 +1,4 @@
-// Pictures by Graphviz, as they are passed on.
+// The pictures of Graphviz, adapted for readers.
 #include "render/draw_svg.h"
 
 #include <gtest/gtest.h>
@@ -22,14 +22,14 @@ const char* const BY_DOT = R"(<?xml version="1.0" encoding="UTF-8" standalone="n
 </svg>
 )";
 
-std::string Passed(const std::string& svg) {
+std::string Adapted(const std::string& svg) {
     std::ostringstream out;
     qvgraph::renderDrawSvg(out, svg);
     return out.str();
 }
 
-TEST(DrawSvgTest, AnSvgHasADarkSideAndNoDoctype) {
-    EXPECT_EQ(Passed(BY_DOT),
+TEST(DrawSvgTest, AnSvgHasDarkColoursAndNoDoctype) {
+    EXPECT_EQ(Adapted(BY_DOT),
               R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- Laid out by graphviz version 2.43.0 (0) -->
 <svg width="8pt" height="8pt" viewBox="0 0 8 8" xmlns="http://www.w3.org/2000/svg">
@@ -41,19 +41,19 @@ TEST(DrawSvgTest, AnSvgHasADarkSideAndNoDoctype) {
 )");
 }
 
-TEST(DrawSvgTest, AnSvgMayNotSayWhoMadeIt) {
-    EXPECT_EQ(Passed("<svg a=\"b\"><g/></svg>"),
+TEST(DrawSvgTest, AnSvgMayHaveNoVersion) {
+    EXPECT_EQ(Adapted("<svg a=\"b\"><g/></svg>"),
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<svg a=\"b\">\n<style>@media (prefers-color-scheme:dark){\n" +
                   qvgraph::darkStyle("") + "}</style><g/></svg>\n");
 }
 
-TEST(DrawSvgTest, TheElementAloneIsForPages) {
+TEST(DrawSvgTest, APageContainsOnlyTheElement) {
     const std::string svg = "<?xml?>\n<!-- x -->\n<svg a=\"b\">\n<g/></svg>\n";
     EXPECT_EQ(qvgraph::svgElementIn(svg), "<svg a=\"b\">\n<g/></svg>");
 }
 
-TEST(DrawSvgTest, EveryColourHasADarkOne) {
+TEST(DrawSvgTest, EveryColourHasADarkCounterpart) {
     const std::string style = qvgraph::darkStyle("svg ");
     EXPECT_EQ(style.substr(0, style.find('\n', style.find('\n') + 1)),
               "svg [fill=\"#ffffff\"]{fill:#12161c}\n"

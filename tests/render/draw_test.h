@@ -1,4 +1,4 @@
-// Configurations to draw: what the tests of the pictures share.
+// Configurations to draw; shared by the tests of pictures.
 #ifndef QVGRAPH_TESTS_RENDER_DRAW_TEST_H_
 #define QVGRAPH_TESTS_RENDER_DRAW_TEST_H_
 
@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "check/check.h"
@@ -14,8 +15,8 @@
 #include "render/drawing.h"
 #include "tests/render/small_check.h"
 
-// Three nodes in a row and one more, with a bit of everything, and nothing
-// wrong with them.
+// Three nodes in a row and a fourth one, with one or more of everything and
+// without faults.
 inline const char* const SMALL_PIPE = R"({"pipe_0": {
   "thread_opts": {"exec_thread_num": 2},
   "default_mode_link": "async",
@@ -38,7 +39,7 @@ protected:
     void SetUp() override { QVNodeRegistry::instance().setStub(true); }
     void TearDown() override { QVNodeRegistry::instance().setStub(false); }
 
-    // Loads a text, with these findings in place of what the check finds.
+    // Loads a text with these findings instead of those of the check.
     void Load(const std::string& text, const std::vector<qvgraph::Finding>& findings = {}) {
         qvgraph::CheckRequest request;
         request.selects = [](std::string_view) { return false; };

@@ -1,4 +1,4 @@
-// What pictures say beside names.
+// The text in pictures, except names.
 #include "render/draw_words.h"
 
 #include <cstdint>
@@ -53,71 +53,102 @@ protected:
         return texts;
     }
 
-    // "node_0" with this name.
-    static Node NodeNamed(const std::string& name) {
-        Node node;
-        node.key = "node_0";
-        node.member = "node_0";
-        node.name = name;
-        node.className = name.substr(0, name.find('#'));
-        return node;
+    // Loads a pipe with only this node, and returns the node.
+    const Node& NodeOf(const std::string& key, const std::string& nodeOptions) {
+        Load("{\"pipe_0\": {\"" + key + "\": {\"node_opts\": " + nodeOptions + "}}}");
+        return file->model.pipes().at(0).nodes.at(0);
+    }
+    const Node& NodeNamed(const std::string& name) {
+        return NodeOf("node_0", "{\"node_name\": \"" + name + "\"}");
+    }
+
+    // Loads a pipe whose nodes have these options for streams, and returns its
+    // first stream.
+    DrawnStream StreamOf(const std::vector<std::string>& streamOptions) {
+        std::string nodes;
+        for (const std::string& options : streamOptions) {
+            nodes += (nodes.empty() ? "\"node_" : ", \"node_") + std::to_string(mNodes++) +
+                     R"(": {"node_opts": {"node_name": "X"}, "stream_opts": )" + options + '}';
+        }
+        Load("{\"pipe_0\": {" + nodes + "}}");
+        return Drawn().pipes.at(0).streams.at(0);
     }
 
 private:
     std::vector<Finding> mFindings;
     Findings mPointers;
+    int mNodes = 0;
 };
 
 // ---- Findings ---------------------------------------------------------------
 
-TEST_F(DrawWordsTest, TheWorstFindingCounts) {
+TEST_F(DrawWordsTest, TheWorstSeverityDecides) {
     EXPECT_EQ(worstOf(FindingsOf({"n-a", "w-a", "e-a"})), Severity::Error);
     EXPECT_EQ(worstOf(FindingsOf({"n-a", "w-a"})), Severity::Warning);
     EXPECT_EQ(worstOf(FindingsOf({"n-a"})), std::nullopt);
     EXPECT_EQ(worstOf(FindingsOf({})), std::nullopt);
 }
 
-TEST_F(DrawWordsTest, ErrorsComeFirstAndNotesAreNotPainted) {
+TEST_F(DrawWordsTest, ErrorsComeFirstAndNotesAreOmitted) {
     EXPECT_EQ(TextsOf(remarksOn(FindingsOf({"w-b", "n-a", "e-b", "w-a", "e-a"}))),
               (Texts{"error: e-b", "error: e-a", "warning: w-b", "warning: w-a"}));
 }
 
-TEST_F(DrawWordsTest, ACodeIsToldOnce) {
+TEST_F(DrawWordsTest, ACodeIsShownOnce) {
     EXPECT_EQ(TextsOf(remarksOn(FindingsOf({"e-a", "e-a", "w-a"}))),
               (Texts{"error: e-a", "warning: w-a"}));
 }
 
-TEST_F(DrawWordsTest, AFewCodesAreTold) {
+TEST_F(DrawWordsTest, AtMostFourCodesAreShown) {
     EXPECT_EQ(TextsOf(remarksOn(FindingsOf({"e-a", "e-b", "e-c", "w-d"}))),
               (Texts{"error: e-a", "error: e-b", "error: e-c", "warning: w-d"}));
     EXPECT_EQ(TextsOf(remarksOn(FindingsOf({"e-a", "e-b", "e-c", "w-d", "w-e", "w-f"}))),
               (Texts{"error: e-a", "error: e-b", "error: e-c", "warning: w-d", "and 2 more"}));
 }
 
-TEST_F(DrawWordsTest, AnEndTellsAFormatOfItsOwn) {
-    DrawnStream stream;
-    stream.producers = {{0, "nv12", false, {}}};
-    EXPECT_EQ(TextsOf(remarksOn(stream, {1, "nv12", false, {}}, "takes")), Texts());
-    EXPECT_EQ(TextsOf(remarksOn(stream, {1, "rgb", false, FindingsOf({"w-a"})}, "takes")),
-              (Texts{"takes rgb", "warning: w-a"}));
-    EXPECT_EQ(TextsOf(remarksOn(stream, {1, std::nullopt, false, {}}, "takes")),
-              (Texts{"takes (no format)"}));
+TEST_F(DrawWordsTest, AnEndShowsAFormatThatDiffers) {
+    DrawnStream stream = StreamOf({R"({"stream_output": "s", "stream_fmt_out": "nv12"})",
+                                   R"({"stream_input": "s", "stream_fmt_in": "nv12"})",
+                                   R"({"stream_input": "s", "stream_fmt_in": "rgb"})",
+                                   R"({"stream_input": "s"})"});
+    EXPECT_EQ(TextsOf(remarksOn(stream, stream.consumers.at(0), "consumes")), Texts());
+    EXPECT_EQ(TextsOf(remarksOn(stream, stream.consumers.at(1), "consumes")),
+              (Texts{"consumes rgb"}));
+    EXPECT_EQ(TextsOf(remarksOn(stream, stream.consumers.at(2), "consumes")),
+              (Texts{"consumes (no format)"}));
+    stream.consumers[1].findings = FindingsOf({"w-a"});
+    EXPECT_EQ(TextsOf(remarksOn(stream, stream.consumers[1], "consumes")),
+              (Texts{"consumes rgb", "warning: w-a"}));
 }
 
-TEST_F(DrawWordsTest, AStreamThatNobodyGivesHasTheFormatThatIsTaken) {
-    DrawnStream stream;
-    stream.consumers = {{0, "nv12", false, {}}, {1, "rgb", false, {}}};
-    EXPECT_EQ(formatOf(stream), "nv12");
-    EXPECT_EQ(TextsOf(remarksOn(stream, stream.consumers[1], "takes")), (Texts{"takes rgb"}));
+TEST_F(DrawWordsTest, AStreamWithoutAProducerHasTheFormatOfItsFirstConsumer) {
+    const DrawnStream stream = StreamOf({R"({"stream_input": "s", "stream_fmt_in": "nv12"})",
+                                         R"({"stream_input": "s", "stream_fmt_in": "rgb"})"});
+    ASSERT_NE(formatOf(stream), nullptr);
+    EXPECT_EQ(*formatOf(stream), "nv12");
+    EXPECT_EQ(TextsOf(remarksOn(stream, stream.consumers[1], "consumes")), (Texts{"consumes rgb"}));
 }
 
-TEST_F(DrawWordsTest, ALooseEndSaysWhatIsMissing) {
+TEST_F(DrawWordsTest, AMissingFormatIsShown) {
+    const DrawnStream stream = StreamOf({R"({"stream_input": "s"})"});
+    EXPECT_EQ(formatOf(stream), nullptr);
+    EXPECT_EQ(qvgraph::formatTextOf(formatOf(stream)), "(no format)");
+}
+
+TEST_F(DrawWordsTest, AMissingEndShowsItsFindingsOrWhatIsMissing) {
     DrawnStream stream;
     EXPECT_EQ(TextsOf(remarksOnLoose(stream, "no producer")), (Texts{"no producer"}));
     stream.findings = FindingsOf({"n-a"});
     EXPECT_EQ(TextsOf(remarksOnLoose(stream, "no producer")), (Texts{"no producer"}));
     stream.findings = FindingsOf({"w-a"});
     EXPECT_EQ(TextsOf(remarksOnLoose(stream, "no producer")), (Texts{"warning: w-a"}));
+}
+
+TEST_F(DrawWordsTest, AnInputMayBeLatestOnly) {
+    Load(SMALL_PIPE);
+    EXPECT_TRUE(hasLatestOnly(Drawn()));
+    StreamOf({R"({"stream_input": "s", "stream_fmt_in": "nv12"})"});
+    EXPECT_FALSE(hasLatestOnly(Drawn()));
 }
 
 // ---- Legends ----------------------------------------------------------------
@@ -137,7 +168,7 @@ TEST_F(DrawWordsTest, ALegendHasOptionSetsAndFindings) {
     EXPECT_EQ(TextsOf(legendOf(drawing)), (Texts{"error 1:1|it is wrong [c]"}));
 }
 
-TEST_F(DrawWordsTest, ALegendHasAFewFindings) {
+TEST_F(DrawWordsTest, ALegendHasAtMost12Findings) {
     Load("{}", std::vector<Finding>(14, At("", "a")));
     const Texts texts = TextsOf(legendOf(Drawn()));
     ASSERT_EQ(texts.size(), 13U);
@@ -145,7 +176,7 @@ TEST_F(DrawWordsTest, ALegendHasAFewFindings) {
     EXPECT_EQ(texts[12], "|and 2 more");
 }
 
-TEST_F(DrawWordsTest, ALegendHasAFewOptionSets) {
+TEST_F(DrawWordsTest, ALegendHasAtMost40Links) {
     std::string links;
     for (int i = 10; i < 52; ++i) {
         links += (links.empty() ? "\"link_" : ", \"link_") + std::to_string(i) + "\": {}";
@@ -158,7 +189,7 @@ TEST_F(DrawWordsTest, ALegendHasAFewOptionSets) {
     EXPECT_EQ(texts[40], "|and 2 more");
 }
 
-TEST_F(DrawWordsTest, ASummaryCounts) {
+TEST_F(DrawWordsTest, ASummaryCountsNodesAndFindings) {
     Load(SMALL_PIPE);
     EXPECT_EQ(summaryOf(Drawn()), "1 pipe, 4 nodes");
     Load(R"({"pipe_0": {}, "pipe_1": {"node_0": {}}})",
@@ -169,7 +200,7 @@ TEST_F(DrawWordsTest, ASummaryCounts) {
     EXPECT_EQ(summaryOf(Drawn()), "2 pipes, 1 node, 2 errors and 1 warning");
 }
 
-TEST_F(DrawWordsTest, FactsOfAPipe) {
+TEST_F(DrawWordsTest, APipeShowsItsThreadsAndItsLinkMode) {
     Load(SMALL_PIPE);
     EXPECT_EQ(factsOf(Drawn().pipes[0]), "2 executor threads, default link mode async");
     Load(R"({"pipe_0": {"thread_opts": {"exec_thread_num": 1}}})");
@@ -180,36 +211,32 @@ TEST_F(DrawWordsTest, FactsOfAPipe) {
 
 // ---- Names and options ------------------------------------------------------
 
-TEST_F(DrawWordsTest, ANodeHasItsNameInTwoParts) {
-    const auto parts = [](const std::string& name) {
-        const Node node = NodeNamed(name);
+TEST_F(DrawWordsTest, ANameHasTwoParts) {
+    const auto parts = [this](const std::string& name) {
+        const Node& node = NodeNamed(name);
         return nameOf(node).className + '|' + nameOf(node).label;
     };
     EXPECT_EQ(parts("Camera"), "Camera|");
     EXPECT_EQ(parts("Camera#door#1"), "Camera|#door#1");
     EXPECT_EQ(parts("#door"), "|#door");
-    EXPECT_EQ(parts("\033#\n"), "\\x1b|#\\x0a");
+    EXPECT_EQ(parts("\\u001b#\\n"), "\\x1b|#\\x0a");
     EXPECT_EQ(parts(""), "(no name)|");
 }
 
-TEST_F(DrawWordsTest, AMemberWhoseIdLeadsElsewhereHasItsOwnName) {
-    Node node = NodeNamed("Other");
-    node.member = "node_x";
-    node.stored = {{"node_name", std::string("Mine#1")}};
-    EXPECT_EQ(nameOf(node).className, "Mine");
-    EXPECT_EQ(keyTextOf(node), "node_x (id 0)");
-    node.stored = {{"node_name", int32_t{5}}};
-    EXPECT_EQ(nameOf(node).className, "(no name)");
-    node.stored.clear();
-    EXPECT_EQ(nameOf(node).className, "(no name)");
+TEST_F(DrawWordsTest, AMemberWhoseIdMapsToADifferentKeyHasItsOwnName) {
+    const auto nameIn = [this](const std::string& nodeOptions) {
+        return nameOf(NodeOf("node_x", nodeOptions)).className;
+    };
+    EXPECT_EQ(nameIn(R"({"node_name": "Mine#1"})"), "Mine");
+    EXPECT_EQ(nameIn(R"({"node_name": 5})"), "(no name)");
+    EXPECT_EQ(nameIn("{}"), "(no name)");
+    EXPECT_EQ(keyTextOf(NodeOf("node_x", "{}")), "node_x (id 0)");
 }
 
-TEST_F(DrawWordsTest, AKeyIsShownAsItIs) {
-    Node node = NodeNamed("Camera");
-    EXPECT_EQ(keyTextOf(node), "node_0");
-    node.id = 7;
-    node.member = "node_7" + std::string(100, 'x');
-    EXPECT_EQ(keyTextOf(node), "node_7" + std::string(31, 'x') + "... (id 7)");
+TEST_F(DrawWordsTest, AKeyIsShownWithItsIdIfThatMapsToADifferentKey) {
+    EXPECT_EQ(keyTextOf(NodeNamed("Camera")), "node_0");
+    EXPECT_EQ(keyTextOf(NodeOf("node_7" + std::string(100, 'x'), "{}")),
+              "node_7" + std::string(31, 'x') + "... (id 7)");
 }
 
 TEST_F(DrawWordsTest, OptionsHaveTheirValues) {
@@ -220,36 +247,35 @@ TEST_F(DrawWordsTest, OptionsHaveTheirValues) {
               R"(a "x\x0a", b -1, c 4294967296, d 0.5)");
 }
 
-TEST_F(DrawWordsTest, OptionsThatAreShownOtherwiseAreLeftOut) {
-    Node node;
-    for (const char* key : {"node_name",
-                            "stream_input_0",
+TEST_F(DrawWordsTest, OptionsThatAreShownElsewhereAreOmitted) {
+    std::string options = R"("node_name": "X")";
+    for (const char* key : {"stream_input_0",
                             "stream_output",
                             "stream_fmt_in",
                             "stream_fmt_out_1",
                             "stream_mode_in",
                             "stream_mode",
                             "fps"}) {
-        node.stored.emplace(key, int32_t{1});
+        options += std::string(", \"") + key + "\": 1";
     }
-    const std::vector<OptionLine> lines = optionLinesOf(node);
+    const std::vector<OptionLine> lines = optionLinesOf(NodeOf("node_0", '{' + options + '}'));
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].key + '|' + lines[0].value, "fps|1");
     EXPECT_EQ(lines[1].key + '|' + lines[1].value, "stream_mode|1");
 }
 
-TEST_F(DrawWordsTest, ANodeShowsAFewOptions) {
-    Node node;
-    for (int i = 0; i < 32; ++i) {
-        node.stored.emplace("o" + std::to_string(10 + i), std::string(127, 'v'));
+TEST_F(DrawWordsTest, ANodeShowsAtMost30Options) {
+    std::string options = R"("node_name": "X")";
+    for (int i = 10; i < 42; ++i) {
+        options += ", \"o" + std::to_string(i) + "\": \"" + std::string(127, 'v') + '"';
     }
-    const std::vector<OptionLine> lines = optionLinesOf(node);
+    const std::vector<OptionLine> lines = optionLinesOf(NodeOf("node_0", '{' + options + '}'));
     ASSERT_EQ(lines.size(), 31U);
     EXPECT_EQ(lines[29].key + '|' + lines[29].value, "o39|\"" + std::string(28, 'v') + "...");
     EXPECT_EQ(lines[30].key + '|' + lines[30].value, "|and 2 more");
 }
 
-// ---- Texts that are too long ------------------------------------------------
+// ---- Long text --------------------------------------------------------------
 
 TEST_F(DrawWordsTest, ATextIsClipped) {
     EXPECT_EQ(qvgraph::clipped("12345", 5), "12345");

@@ -1,4 +1,4 @@
-// What a picture shows, and on what a finding is painted.
+// What a picture shows, and which findings belong to each part of it.
 #include "render/drawing.h"
 
 #include <optional>
@@ -17,13 +17,13 @@ using qvgraph::DrawnSet;
 using qvgraph::DrawnStream;
 using qvgraph::Findings;
 
-// A drawing as text: a line for each thing, with the codes of its findings.
+// A drawing as text: a line for each part, with the codes of its findings.
 class DrawingText {
 public:
     static std::string of(const Drawing& drawing) {
         std::string text = "\n" + drawing.title + codes(drawing.findings) + '\n';
         for (const DrawnPipe& pipe : drawing.pipes) {
-            text += *pipe.pipe->key + codes(pipe.findings) + '\n';
+            text += std::string(pipe.pipe->value->key) + codes(pipe.findings) + '\n';
             for (const auto* sets : {&pipe.executors, &pipe.links}) {
                 for (const DrawnSet& set : *sets) {
                     text += "  " + set.set->member + codes(set.findings) + '\n';
@@ -33,7 +33,7 @@ public:
                 text += "  " + node.node->member + codes(node.findings) + '\n';
             }
             for (const DrawnStream& stream : pipe.streams) {
-                text += "  " + stream.name + codes(stream.findings) + ":" +
+                text += "  " + std::string(stream.stream->name) + codes(stream.findings) + ":" +
                         ends(pipe, stream.producers) + " ->" + ends(pipe, stream.consumers) + '\n';
             }
         }
@@ -52,8 +52,9 @@ private:
     static std::string ends(const DrawnPipe& pipe, const std::vector<DrawnEnd>& ends) {
         std::string text;
         for (const DrawnEnd& end : ends) {
-            text += ' ' + pipe.nodes[end.node].node->member + ' ' + end.format.value_or("-") +
-                    (end.newestOnly ? " newest" : "") + codes(end.findings);
+            text += ' ' + pipe.nodes[end.node].node->member + ' ' +
+                    (end.end->format != nullptr ? *end.end->format : "-") +
+                    (end.end->latestOnly ? " latest" : "") + codes(end.findings);
         }
         return text;
     }
@@ -66,7 +67,7 @@ protected:
     }
 };
 
-TEST_F(DrawingTest, HasEverythingInThePipe) {
+TEST_F(DrawingTest, ShowsEverythingInThePipe) {
     Load(SMALL_PIPE);
     AssertDraws(R"(
 door.json
@@ -78,11 +79,11 @@ pipe_0
   node_2
   node_3
   raw: node_0 nv12 -> node_1 nv12
-  tuned: node_1 nv12 -> node_2 nv12 newest node_3 nv12
+  tuned: node_1 nv12 -> node_2 nv12 latest node_3 nv12
 )");
 }
 
-TEST_F(DrawingTest, HasStreamsThatSetUpDoesNotComeTo) {
+TEST_F(DrawingTest, ShowsStreamsThatSetUpDoesNotReach) {
     Load(R"({"pipe_0": {
       "node_0": {"node_opts": {}, "stream_opts": {"stream_output": "a", "stream_fmt_out": "f"}},
       "node_1": {"node_opts": {"node_name": "X"},
@@ -100,12 +101,12 @@ pipe_0
   node_1
   node_2
   a: node_0 f -> node_1 -
-  c: -> node_03 f newest
+  c: -> node_03 f latest
   b: node_1 - -> node_2 -
 )");
 }
 
-TEST_F(DrawingTest, HasPipesWithoutNodes) {
+TEST_F(DrawingTest, ShowsPipesWithoutNodes) {
     Load(R"({"pipe_0": {}, "pipe_1": 5, "other": {}, "pipe_7": {}})");
     AssertDraws(R"(
 door.json
@@ -115,18 +116,18 @@ pipe_7
 )");
 }
 
-TEST_F(DrawingTest, HasNoPipesWhereThereAreNone) {
+TEST_F(DrawingTest, HasNoPipesIfTheConfigurationHasNone) {
     Load("[1]");
     AssertDraws("\ndoor.json\n");
 }
 
-TEST_F(DrawingTest, MayHaveOnePipeAlone) {
+TEST_F(DrawingTest, MayShowOnlyOnePipe) {
     Load(R"({"pipe_0": {}, "pipe_1": {}, "other": {}})",
          {At("", "text"), At("/pipe_0", "zero"), At("/pipe_1", "one"), At("/other", "other")});
     AssertDraws("\ndoor.json [text]\npipe_1 [one]\n", 1);
 }
 
-// A class that wants the newest item, whatever the configuration says.
+// A class that keeps only the latest item, whatever the configuration.
 class Late : public QVTaskNodeBase {
 public:
     int initialize(int /*nodeId*/,
@@ -138,7 +139,7 @@ public:
     }
 };
 
-TEST_F(DrawingTest, AClassMayTakeTheNewestItemOfItsOwnAccord) {
+TEST_F(DrawingTest, AClassMayMakeAnInputLatestOnly) {
     const auto create = [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new Late; };
     QVNodeRegistry::instance().registerClass({"Late", create, 2, 0});
     Load(R"({"pipe_0": {"node_0": {
@@ -151,13 +152,13 @@ door.json
 pipe_0
   node_0
   a: -> node_0 f
-  b: -> node_0 g newest
+  b: -> node_0 g latest
 )");
 }
 
-// ---- Where findings belong --------------------------------------------------
+// ---- Findings ---------------------------------------------------------------
 
-TEST_F(DrawingTest, AFindingIsOnWhatItsPointerLeadsTo) {
+TEST_F(DrawingTest, AFindingBelongsToThePartThatItsPointerResolvesTo) {
     Load(SMALL_PIPE,
          {At("", "whole"),
           At("/pipes", "elsewhere"),
@@ -180,11 +181,11 @@ pipe_0 [pipe threads]
   node_2
   node_3
   raw: node_0 nv12 -> node_1 nv12
-  tuned: node_1 nv12 [name] -> node_2 nv12 newest [format] node_3 nv12
+  tuned: node_1 nv12 [name] -> node_2 nv12 latest [format] node_3 nv12
 )");
 }
 
-TEST_F(DrawingTest, AStreamWithOneSideOnlyIsWrongAsAWhole) {
+TEST_F(DrawingTest, AStreamWithoutAProducerOrAConsumerHasTheFinding) {
     Load(SMALL_PIPE,
          {At("/pipe_0/node_1/stream_opts/stream_output", "no-consumer"),
           At("/pipe_0/node_1/stream_opts/stream_input", "no-producer")});
@@ -198,17 +199,17 @@ pipe_0
   node_2
   node_3
   raw [no-producer]: node_0 nv12 -> node_1 nv12
-  tuned [no-consumer]: node_1 nv12 -> node_2 nv12 newest node_3 nv12
+  tuned [no-consumer]: node_1 nv12 -> node_2 nv12 latest node_3 nv12
 )");
 }
 
-TEST_F(DrawingTest, KeysWithSlashesAreFoundAsWell) {
+TEST_F(DrawingTest, PointersMayHaveEscapedSlashes) {
     Load(R"({"pipe_0": {"node_0/x~": {"node_opts": {"node_name": "X"}}}})",
          {At("/pipe_0/node_0~1x~0/node_opts", "found")});
     AssertDraws("\ndoor.json\npipe_0\n  node_0/x~ [found]\n");
 }
 
-TEST_F(DrawingTest, APipeKnowsAllOfItsFindings) {
+TEST_F(DrawingTest, APipeHasAListOfAllItsFindings) {
     Load(SMALL_PIPE, {At("/pipe_0/node_0", "a"), At("", "b"), At("/pipe_0", "c")});
     std::vector<std::string> codes;
     const Drawing drawing = Drawn();

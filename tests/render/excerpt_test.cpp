@@ -30,7 +30,7 @@ protected:
         return '\n' + excerpt.line + '\n' + excerpt.marker + '\n';
     }
 
-    // "0123456789" over and over.
+    // "0123456789", repeated.
     static std::string Digits(size_t number) {
         std::string digits;
         for (size_t i = 0; i < number; ++i) {
@@ -59,7 +59,7 @@ TEST_F(ExcerptTest, MarksAPartOfALine) {
 )");
 }
 
-TEST_F(ExcerptTest, MarksAPlaceWithoutExtent) {
+TEST_F(ExcerptTest, MarksAnEmptySpan) {
     EXPECT_EQ(Shown("{‹›7}"), R"(
 {7}
  ^
@@ -76,7 +76,7 @@ TEST_F(ExcerptTest, MarksAPlaceWithoutExtent) {
     EXPECT_EQ(Shown("‹›"), "\n\n^\n");
 }
 
-TEST_F(ExcerptTest, MarksOfSeveralLinesTheFirst) {
+TEST_F(ExcerptTest, MarksOnlyTheFirstOfSeveralLines) {
     EXPECT_EQ(Shown("  ‹[1,\n  2]›"), R"(
   [1,
   ^~~
@@ -109,7 +109,7 @@ TEST_F(ExcerptTest, ACodePointIsAColumn) {
 )");
 }
 
-TEST_F(ExcerptTest, WhatIsNotPrintableTakesWhatItsNumberTakes) {
+TEST_F(ExcerptTest, WhatIsNotPrintableIsAsWideAsItsNumber) {
     EXPECT_EQ(Shown("\"\x1b\" ‹\"\x7f\u009b\u202e\"› 1"), R"(
 "\x1b" "\x7f\x9b\x202e" 1
        ^~~~~~~~~~~~~~~~
@@ -135,13 +135,13 @@ TEST_F(ExcerptTest, AByteThatIsNotUtf8IsAColumn) {
 
 // ---- Long lines -------------------------------------------------------------
 
-TEST_F(ExcerptTest, ALineOf92ColumnsIsShownWhole) {
+TEST_F(ExcerptTest, ALineOf92ColumnsIsShownCompletely) {
     EXPECT_EQ(ShownAt(Digits(92), 0, 3), '\n' + Digits(92) + "\n^~~\n");
     EXPECT_EQ(ShownAt(Digits(92), 89, 92), '\n' + Digits(92) + '\n' + Blanks(89) + "^~~\n");
     EXPECT_EQ(ShownAt(Digits(92), 92, 92), '\n' + Digits(92) + '\n' + Blanks(92) + "^\n");
 }
 
-TEST_F(ExcerptTest, OfALongerOneThePartAroundTheSpan) {
+TEST_F(ExcerptTest, OfALongerLineThePartAroundTheSpanIsShown) {
     EXPECT_EQ(ShownAt(Digits(300), 150, 154),
               "\n..." + Digits(300).substr(109, 86) + "...\n" + Blanks(3 + 41) + "^~~~\n");
 }
@@ -166,7 +166,7 @@ TEST_F(ExcerptTest, OfALongSpanTheBeginningIsShown) {
               '\n' + Digits(86) + "...\n^" + std::string(85, '~') + '\n');
 }
 
-TEST_F(ExcerptTest, WhatIsNotPrintableCountsWithItsNumber) {
+TEST_F(ExcerptTest, TheWidthOfWhatIsNotPrintableIsThatOfItsNumber) {
     const std::string text = std::string(100, '\x1b');
     EXPECT_EQ(qvgraph::excerptOf(Source(text), {0, 1}).line.size(), 21U * 4 + 3);
     EXPECT_EQ(qvgraph::excerptOf(Source(text), {50, 51}).line.size(), 21U * 4 + 2 * 3);
@@ -185,7 +185,7 @@ std::vector<std::string> codePointsOf(const std::string& text) {
     return codePoints;
 }
 
-TEST_F(ExcerptTest, WhereverTheSpanIsTheMarkerIsUnderItsBeginning) {
+TEST_F(ExcerptTest, TheMarkerIsAlwaysUnderTheBeginningOfTheSpan) {
     const std::vector<std::string> between = {"\x01", "\x80", "扉", "ab", "\u009b\t"};
     std::string text;
     for (size_t i = 0; i < 200; ++i) {

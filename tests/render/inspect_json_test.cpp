@@ -1,4 +1,4 @@
-// The report of a survey, for programs.
+// The resolved configuration, for programs.
 #include "render/inspect_json.h"
 
 #include <gtest/gtest.h>
@@ -25,10 +25,10 @@ protected:
         return '\n' + out.str();
     }
 
-    // How a link's only option stands there, as compact text.
+    // The only option of a link in the report, as compact text.
     static std::string Shown(const qvgraph::Options::mapped_type& value) {
-        qvgraph::Pipe pipe = pipeAt(0);
-        pipe.links = {{0, 0, "link_0", {{"a", value}}}};
+        qvgraph::SurveyedPipe pipe = pipeAt(0);
+        pipe.links = {{.key = "link_0", .options = {{"a", value}}}};
         const json option =
             json::parse(Report(surveyOf(pipe))).at("/pipes/0/links/0/options/0"_json_pointer);
         EXPECT_EQ(option.at("key"), "a");
@@ -36,7 +36,7 @@ protected:
     }
 };
 
-TEST_F(JsonReportTest, ShowsASurveyWhole) {
+TEST_F(JsonReportTest, ShowsAllOfASurvey) {
     EXPECT_EQ(Report(smallSurvey()), R"(
 {
   "format_version": "1.0",
@@ -179,7 +179,7 @@ TEST_F(JsonReportTest, ShowsASurveyWhole) {
 )");
 }
 
-TEST_F(JsonReportTest, WhatIsNotThereIsNull) {
+TEST_F(JsonReportTest, WhatIsAbsentIsNull) {
     EXPECT_EQ(json::parse(Report(unreadySurvey())), json::parse(R"({
         "format_version": "1.0",
         "file": "door.json",
@@ -189,7 +189,7 @@ TEST_F(JsonReportTest, WhatIsNotThereIsNull) {
             "nodes": [
                 {"index": 0, "id": 0, "key": null, "name": "", "class": "",
                  "outcome": "not created", "result": -1,
-                 "message": "it has no \"node_name\" that is a text",
+                 "message": "it has no \"node_name\" that is a string",
                  "options": [], "inputs": [], "outputs": []},
                 {"index": 1, "id": 1, "key": "node_1", "name": "Idle", "class": "Idle",
                  "outcome": "no streams", "result": -1,
@@ -231,8 +231,8 @@ TEST_F(JsonReportTest, ASurveyWithoutPipesIsAReport) {
 )");
 }
 
-TEST_F(JsonReportTest, AnIndexThatLeadsToNoPipeHasANullKey) {
-    qvgraph::Pipe pipe = pipeAt(3);
+TEST_F(JsonReportTest, AnIndexThatMapsToNoPipeHasANullKey) {
+    qvgraph::SurveyedPipe pipe = pipeAt(3);
     pipe.key.reset();
     EXPECT_EQ(Report(surveyOf(pipe)), R"(
 {
@@ -261,7 +261,7 @@ TEST_F(JsonReportTest, NumbersAreWhole) {
     EXPECT_EQ(Shown(INT64_MIN), "int64 -9223372036854775808");
 }
 
-TEST_F(JsonReportTest, FloatsHaveTheDigitsThatTheyNeed) {
+TEST_F(JsonReportTest, FloatsHaveAsManyDigitsAsTheyNeed) {
     EXPECT_EQ(Shown(0.1F), "float 0.1");
     EXPECT_EQ(Shown(3.0F), "float 3.0");
     EXPECT_EQ(Shown(-0.0F), "float -0.0");
@@ -271,13 +271,13 @@ TEST_F(JsonReportTest, FloatsHaveTheDigitsThatTheyNeed) {
     EXPECT_EQ(Shown(std::numeric_limits<float>::denorm_min()), "float 1e-45");
 }
 
-TEST_F(JsonReportTest, WhatIsNoNumberIsAString) {
+TEST_F(JsonReportTest, InfinitiesAndNotANumberAreStrings) {
     EXPECT_EQ(Shown(std::numeric_limits<float>::infinity()), R"(float "inf")");
     EXPECT_EQ(Shown(-std::numeric_limits<float>::infinity()), R"(float "-inf")");
     EXPECT_EQ(Shown(std::numeric_limits<float>::quiet_NaN()), R"(float "nan")");
 }
 
-TEST_F(JsonReportTest, TextIsEscapedAsJsonWants) {
+TEST_F(JsonReportTest, StringsAreEscapedAsJsonRequires) {
     EXPECT_EQ(Shown(std::string("\033[2J\n\t\"\\/")), R"(string "\u001b[2J\n\t\"\\/")");
     EXPECT_EQ(Shown(std::string("\0x", 2)), R"(string "\u0000x")");
     EXPECT_EQ(Shown(std::string("Tür 扉")), "string \"Tür 扉\"");
@@ -289,15 +289,15 @@ TEST_F(JsonReportTest, WhatIsNotUtf8IsReplaced) {
     EXPECT_EQ(json::parse(Report({}, "\xff.json")).at("file"), "\ufffd.json");
 }
 
-TEST_F(JsonReportTest, EveryTextMayHoldAnything) {
+TEST_F(JsonReportTest, EveryStringMayContainAnything) {
     const std::string evil = "\033\"\xff";
     const std::string shown = "\033\"\ufffd";
-    qvgraph::Pipe pipe = pipeAt(0);
+    qvgraph::SurveyedPipe pipe = pipeAt(0);
     pipe.linkMode = evil;
     pipe.executors = {{0, 0, "executor_0", {{evil, evil}}}};
-    qvgraph::Node node = nodeNamed(0, 0, evil);
+    qvgraph::SurveyedNode node = nodeNamed(0, 0, evil);
     node.message = evil;
-    node.inputs = {wiredTo(evil, 0, evil)};
+    node.inputEnds = {wiredTo(evil, 0, evil)};
     pipe.nodes = {node};
     pipe.streams = {{0, evil, std::nullopt, {}}};
     const json report = json::parse(Report(surveyOf(pipe), evil));

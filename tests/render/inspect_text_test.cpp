@@ -1,4 +1,4 @@
-// The report of a survey, for people.
+// The resolved configuration, for people.
 #include "render/inspect_text.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +11,8 @@
 
 namespace {
 
-using qvgraph::Pipe;
 using qvgraph::Survey;
+using qvgraph::SurveyedPipe;
 
 class TextReportTest : public testing::Test {
 protected:
@@ -27,15 +27,15 @@ protected:
         EXPECT_EQ(Report(survey), report);
     }
 
-    // A pipe with one link that has these options.
+    // A survey with one link that has these options.
     static Survey WithOptions(const qvgraph::Options& options) {
-        Pipe pipe = pipeAt(0);
-        pipe.links = {{0, 0, "link_0", options}};
+        SurveyedPipe pipe = pipeAt(0);
+        pipe.links = {{.key = "link_0", .options = options}};
         return surveyOf(pipe);
     }
 };
 
-TEST_F(TextReportTest, ShowsASurveyWhole) {
+TEST_F(TextReportTest, ShowsAllOfASurvey) {
     AssertShows(smallSurvey(), R"(
 door.json: 1 pipe, 2 nodes, all ready
 
@@ -61,7 +61,7 @@ pipe_0: index 0, 4 executor threads, default link mode async
 
     1  node_2   id 2   Display
          ready
-         in  0  raw      nv12  newest only
+         in  0  raw      nv12  latest only
          in  1  overlay  argb
          node_name  string  "Display"
 
@@ -80,7 +80,7 @@ pipe_0: index 0, 0 executor threads, default link mode none
 
   nodes
     0  (no such key)  id 0  (no name)
-         not created: it has no "node_name" that is a text
+         not created: it has no "node_name" that is a string
 
     1  node_1         id 1  Idle
          no streams: it has neither inputs nor outputs
@@ -106,7 +106,7 @@ pipe_0: index 0, 0 executor threads, default link mode none
 }
 
 TEST_F(TextReportTest, ColoursPipesAndOutcomes) {
-    Pipe pipe = unreadySurvey().pipes.at(0);
+    SurveyedPipe pipe = unreadySurvey().pipes.at(0);
     pipe.nodes = {nodeNamed(0, 0, "Camera"), pipe.nodes.at(1)};
     pipe.streams.clear();
     Survey survey = surveyOf(pipe);
@@ -128,7 +128,7 @@ TEST_F(TextReportTest, ColoursPipesAndOutcomes) {
               "\033[1mpipe 1\033[0m: there is no \"pipe_1\"\n");
 }
 
-TEST_F(TextReportTest, SaysSoWhereThereIsNothing) {
+TEST_F(TextReportTest, ReportsThatThereIsNothing) {
     AssertShows({}, R"(
 door.json: 0 pipes, no nodes
 )");
@@ -139,7 +139,7 @@ pipe_0: index 0, 0 executor threads, default link mode none
 )");
 }
 
-TEST_F(TextReportTest, SaysSoWhereAnIndexLeadsToNoPipe) {
+TEST_F(TextReportTest, ReportsThatAnIndexMapsToNoPipe) {
     Survey survey = surveyOf(pipeAt(3));
     survey.pipes.at(0).key.reset();
     AssertShows(survey, R"(
@@ -190,13 +190,13 @@ pipe_0: index 0, 0 executor threads, default link mode none
 
 TEST_F(TextReportTest, NothingOfAConfigurationReachesTheTerminalRaw) {
     const std::string evil = "\033[2J\n\xff\u009b";
-    Pipe pipe = pipeAt(0);
+    SurveyedPipe pipe = pipeAt(0);
     pipe.linkMode = evil;
-    pipe.links = {{0, 0, "link_0", {{evil, evil}}}};
-    qvgraph::Node node = nodeNamed(0, 0, evil + "#" + evil);
+    pipe.links = {{.key = "link_0", .options = {{evil, evil}}}};
+    qvgraph::SurveyedNode node = nodeNamed(0, 0, evil + "#" + evil);
     node.outcome = qvgraph::Outcome::WouldThrow;
     node.message = evil;
-    node.inputs = {wiredTo(evil, 0, evil)};
+    node.inputEnds = {wiredTo(evil, 0, evil)};
     pipe.nodes = {node};
     pipe.streams = {{0, evil, std::nullopt, {}}};
     std::ostringstream out;
@@ -221,14 +221,14 @@ TEST_F(TextReportTest, NothingOfAConfigurationReachesTheTerminalRaw) {
                   shown + "  (none)    (none)\n");
 }
 
-TEST_F(TextReportTest, WhereThereAreClassesMarksTheirNodesAndStubs) {
-    Pipe pipe = pipeAt(0);
-    qvgraph::Node plain = nodeNamed(0, 0, "Camera");
-    qvgraph::Node labelled = nodeNamed(1, 1, "Camera#door");
+TEST_F(TextReportTest, MarksNodesOfClassesAndStubsIfThereAreClasses) {
+    SurveyedPipe pipe = pipeAt(0);
+    qvgraph::SurveyedNode plain = nodeNamed(0, 0, "Camera");
+    qvgraph::SurveyedNode labelled = nodeNamed(1, 1, "Camera#door");
     labelled.className = "Camera";
-    qvgraph::Node missing = nodeNamed(3, 3, "Lens");
+    qvgraph::SurveyedNode missing = nodeNamed(3, 3, "Lens");
     missing.outcome = qvgraph::Outcome::NotCreated;
-    missing.message = "its class 'Lens' made no node";
+    missing.message = "its class 'Lens' created no node";
     pipe.nodes = {plain, labelled, nodeNamed(2, 2, "Display"), missing};
     qvgraph::Survey survey = surveyOf(pipe);
     survey.nodeClasses.classes = {{"Camera", "camera.so"}};
@@ -248,19 +248,19 @@ pipe_0: index 0, 0 executor threads, default link mode none
          ready
 
     3  node_3  id 3  Lens
-         not created: its class 'Lens' made no node
+         not created: its class 'Lens' created no node
 )");
 }
 
-TEST_F(TextReportTest, MarksAClassAsRegisteredWhereItMakesNoNode) {
-    Pipe pipe = pipeAt(0);
-    qvgraph::Node throws = nodeNamed(0, 0, "Tone");
+TEST_F(TextReportTest, MarksAClassAsRegisteredEvenIfItCreatesNoNode) {
+    SurveyedPipe pipe = pipeAt(0);
+    qvgraph::SurveyedNode throws = nodeNamed(0, 0, "Tone");
     throws.outcome = qvgraph::Outcome::WouldThrow;
     throws.message = "no such tone";
-    qvgraph::Node makesNone = nodeNamed(1, 1, "Tone#low");
-    makesNone.outcome = qvgraph::Outcome::NotCreated;
-    makesNone.message = "its class 'Tone' made no node";
-    pipe.nodes = {throws, makesNone};
+    qvgraph::SurveyedNode createsNone = nodeNamed(1, 1, "Tone#low");
+    createsNone.outcome = qvgraph::Outcome::NotCreated;
+    createsNone.message = "its class 'Tone' created no node";
+    pipe.nodes = {throws, createsNone};
     qvgraph::Survey survey = surveyOf(pipe);
     survey.nodeClasses.classes = {{"Tone", "tone.so"}};
     AssertShows(survey, R"(
@@ -273,15 +273,15 @@ pipe_0: index 0, 0 executor threads, default link mode none
          would throw: no such tone
 
     1  node_1  id 1  Tone#low, class Tone (registered)
-         not created: its class 'Tone' made no node
+         not created: its class 'Tone' created no node
 )");
 }
 
-TEST_F(TextReportTest, ShowsWhatAReadyNodeLeavesUnwired) {
-    Pipe pipe = pipeAt(0);
-    qvgraph::Node node = nodeNamed(0, 0, "Tone");
+TEST_F(TextReportTest, ShowsTheUnwiredStreamsOfAReadyNode) {
+    SurveyedPipe pipe = pipeAt(0);
+    qvgraph::SurveyedNode node = nodeNamed(0, 0, "Tone");
     node.message = "1 declared input is not wired: its class has 0 inputs";
-    node.outputs = {wiredTo("a", 0, "f")};
+    node.outputEnds = {wiredTo("a", 0, "f")};
     pipe.nodes = {node};
     AssertShows(surveyOf(pipe), R"(
 door.json: 1 pipe, 1 node, ready
@@ -306,7 +306,7 @@ TEST(ClassesTextTest, ListsClassesAndTheirOrigins) {
               "there is no stub for other classes\n");
 }
 
-TEST(ClassesTextTest, SaysSoWhereThereAreNone) {
+TEST(ClassesTextTest, ReportsThatThereAreNone) {
     std::ostringstream out;
     qvgraph::renderClassesText(out, {{}, true});
     EXPECT_EQ(out.str(),
@@ -314,9 +314,9 @@ TEST(ClassesTextTest, SaysSoWhereThereAreNone) {
               "a stub stands in for all other classes\n");
 }
 
-TEST_F(TextReportTest, WrapsARowWholeWhoseFirstCellsAreLong) {
-    Pipe pipe = pipeAt(0);
-    pipe.links = {{0, 0, "link_0", {{std::string(70, 'k'), int32_t{7}}}}};
+TEST_F(TextReportTest, WrapsAllOfARowWhoseFirstCellsAreLong) {
+    SurveyedPipe pipe = pipeAt(0);
+    pipe.links = {{.key = "link_0", .options = {{std::string(70, 'k'), int32_t{7}}}}};
     AssertShows(surveyOf(pipe), R"(
 door.json: 1 pipe, no nodes
 
@@ -330,19 +330,18 @@ pipe_0: index 0, 0 executor threads, default link mode none
 }
 
 TEST_F(TextReportTest, StaysWithinEightyColumns) {
-    Pipe pipe = pipeAt(0);
-    pipe.links = {{0,
-                   0,
-                   "link_0",
-                   {{"note",
-                     std::string("a value that is so long that it takes more than one line, "
-                                 "and then one more")},
-                    {"path", std::string(127, 'x')}}}};
-    qvgraph::Node node = nodeNamed(0, 0, "Camera");
+    SurveyedPipe pipe = pipeAt(0);
+    pipe.links = {
+        {.key = "link_0",
+         .options = {{"note",
+                      std::string("a value that is so long that it takes more than one line, "
+                                  "and then one more")},
+                     {"path", std::string(127, 'x')}}}};
+    qvgraph::SurveyedNode node = nodeNamed(0, 0, "Camera");
     node.outcome = qvgraph::Outcome::WouldThrow;
     node.message = "the sensor at the front door does not answer, and so there is no picture";
     pipe.nodes = {node};
-    qvgraph::Stream stream = {0, "raw", "node_0", {}};
+    qvgraph::SurveyedStream stream = {0, "raw", "node_0", {}};
     for (int consumer = 1; consumer < 10; ++consumer) {
         stream.consumers.push_back("node_" + std::to_string(consumer));
     }
@@ -372,7 +371,7 @@ pipe_0: index 0, 0 executor threads, default link mode none
 )");
 }
 
-TEST_F(TextReportTest, AWideCellDoesNotPushTheColumnsOfOthers) {
+TEST_F(TextReportTest, AWideCellDoesNotWidenItsColumn) {
     AssertShows(WithOptions({{"a key of thirty columns, or 30.", int32_t{1}},
                              {"b key of twenty-eight cols..", int32_t{2}},
                              {"c", int32_t{3}}}),

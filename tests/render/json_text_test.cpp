@@ -1,4 +1,4 @@
-// JSON as reports write it.
+// JSON in reports.
 #include "render/json_text.h"
 
 #include <gtest/gtest.h>
@@ -22,18 +22,18 @@ TEST(JsonTextTest, IsIndentedAndEndsWithANewline) {
     EXPECT_EQ(written(Json::object()), "{}\n");
 }
 
-TEST(JsonTextTest, LeavesTextAsItIs) {
+TEST(JsonTextTest, LeavesPrintableTextUnchanged) {
     EXPECT_EQ(written("Türkamera 扉 🚪 \u00a0 \"quoted\" \\x00"),
               "\"Türkamera 扉 🚪 \u00a0 \\\"quoted\\\" \\\\x00\"\n");
 }
 
-TEST(JsonTextTest, EscapesWhatATerminalMustNotGet) {
+TEST(JsonTextTest, EscapesWhatATerminalMustNotReceive) {
     EXPECT_EQ(written("\033[2J\n\t"), "\"\\u001b[2J\\n\\t\"\n");
     EXPECT_EQ(written("\x7f\u0080\u009b\u009f"), "\"\\u007f\\u0080\\u009b\\u009f\"\n");
     EXPECT_EQ(written("\u202e\u2066\u200f\u2028"), "\"\\u202e\\u2066\\u200f\\u2028\"\n");
 }
 
-TEST(JsonTextTest, AReaderGetsWhatWasEscaped) {
+TEST(JsonTextTest, AReaderReceivesWhatWasEscaped) {
     const std::string text = "\033 \x7f \u009b \u202e \u2028";
     EXPECT_EQ(Json::parse(written(text)), text);
 }
@@ -44,7 +44,7 @@ TEST(JsonTextTest, ReplacesWhatIsNotUtf8) {
               "\"a\ufffd\ufffdb\"\n");
 }
 
-TEST(JsonTextTest, MakesAnArrayOfItems) {
+TEST(JsonTextTest, CreatesAnArrayOfItems) {
     EXPECT_EQ(qvgraph::jsonArrayOf(std::string("ab"), [](char c) { return Json(c - 'a'); }),
               Json::array({0, 1}));
     EXPECT_EQ(qvgraph::jsonArrayOf(std::string(), [](char c) { return Json(c); }), Json::array());

@@ -1,5 +1,5 @@
-// Stored values as reports show them.
-#include "render/option_value.h"
+// Option values as messages and reports show them.
+#include "survey/option_value.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ TEST(TypeNameTest, NamesEveryTypeOfAStore) {
     EXPECT_STREQ(typeName(OptionValue(7.0F)), "float");
 }
 
-TEST(FloatTextTest, IsTheShortestThatReadsBack) {
+TEST(FloatTextTest, HasAsFewDigitsAsReadBack) {
     EXPECT_EQ(floatText(0.1F), "0.1");
     EXPECT_EQ(floatText(48.137154F), "48.137154");
     EXPECT_EQ(floatText(-2.5F), "-2.5");
@@ -36,7 +36,9 @@ TEST(FloatTextTest, HasAPointOrAnExponent) {
     EXPECT_EQ(floatText(-0.0F), "-0.0");
     EXPECT_EQ(floatText(3.0F), "3.0");
     EXPECT_EQ(floatText(-60000.0F), "-60000.0");
-    EXPECT_EQ(floatText(1e10F), "1e+10");
+    EXPECT_EQ(floatText(1e10F), "10000000000.0");
+    EXPECT_EQ(floatText(999999919882240.0F), "999999919882240.0");
+    EXPECT_EQ(floatText(1e15F), "1e+15");
     EXPECT_EQ(floatText(1e-7F), "1e-07");
 }
 
@@ -54,7 +56,7 @@ TEST(FloatTextTest, ReadsBackAsTheSameFloat) {
     }
 }
 
-TEST(FloatTextTest, NamesWhatIsNoNumber) {
+TEST(FloatTextTest, NamesInfinitiesAndNotANumber) {
     EXPECT_EQ(floatText(Float::infinity()), "inf");
     EXPECT_EQ(floatText(-Float::infinity()), "-inf");
     EXPECT_EQ(floatText(Float::quiet_NaN()), "nan");

@@ -12,16 +12,15 @@
 namespace {
 
 using qvgraph::ExplainedRule;
-using qvgraph::Rule;
 
 const char* const TWICE = R"(
 ### twice
 
-**warning**: A key stands twice in one object
+**warning**: A key occurs twice in one object
 
-Which of the two counts is a matter of the order in the text. An object of \*JSON\* has each key \<once\>.
+The order in the text decides which of the two values wins. An object of \*JSON\* has each key \<once\>.
 
-On a device: The last one counts; the others are gone without a word.
+On a device: The last value wins; the other one is silently discarded.
 
 Example:
 
@@ -30,35 +29,35 @@ Example:
             "fps": 30}}
 ```
 
-> 2:13: warning: 'fps' stands here again: the one before it, which is 25, is lost
+> 2:13: warning: 'fps' is already in this object; this value overrides the earlier one, 25
 >
 > hint: remove one of the two
 
-Put right:
+Fixed:
 
 ```jsonc
 {"link_0": {"fps": 30}}
 ```
 
-Remove the one that is not meant.
+Remove the one that is not intended.
 )";
 
 const char* const NO_NUMBER = R"(
 ### no-number
 
-**error**: The key 'link_\<l\>' of a link does not end in the number that the framework would look for
+**error**: The key 'link_\<l\>' of a link does not end in the number that the framework looks up
 
-A link is found by its number.
+A link is looked up by its number.
 
-On a device: Nothing finds the link.
+On a device: No lookup finds the link.
 
-Example, with a class Join of 2 inputs and 1 output and a class Camera of no inputs and 1 output, and without stubs for unknown classes:
+Example, with class Join (2 inputs, 1 output) and class Camera (no inputs, 1 output), and without stubs for unknown classes:
 
 ```jsonc
 {"link_x": {}}
 ```
 
-Put right:
+Fixed:
 
 ```jsonc
 {"link_0": {}}
@@ -76,7 +75,7 @@ It has no streams.
 
 On a device: It waits.
 
-Example, with a class Idle of no inputs and no outputs:
+Example, with class Idle (no inputs, no outputs):
 
 ```jsonc
 {}
@@ -84,7 +83,7 @@ Example, with a class Idle of no inputs and no outputs:
 
 > 1:1: note: \_a_b c_ d\[\`e\`\]\|
 
-Put right:
+Fixed:
 
 ```jsonc
 {}
@@ -102,44 +101,46 @@ protected:
         return '\n' + out.str();
     }
 
-    const std::vector<Rule> RULES = smallRules();
-    const ExplainedRule FIRST = explainedTwice(RULES.at(0));
-    const ExplainedRule SECOND = {
-        &RULES.at(1), fileWith("example.json", std::string(RULES.at(1).example.wrong), {})};
-    const ExplainedRule THIRD = {
-        &RULES.at(2),
-        fileWith("example.json",
-                 "{}",
-                 {findingAt({0, 2}, qvgraph::Severity::Note, "idle", "_a_b c_ d[`e`]|")})};
+    static ExplainedRule NoNumber() { return explainedWith(*smallRules().at(1), {}); }
+
+    static ExplainedRule Idle() {
+        return explainedWith(
+            *smallRules().at(2),
+            {findingAt({0, 2}, qvgraph::Severity::Note, "idle", "_a_b c_ d[`e`]|")});
+    }
 };
 
 TEST_F(RulesMarkdownTest, ExplainsARule) {
-    EXPECT_EQ(Shown(FIRST), TWICE);
+    EXPECT_EQ(Shown(explainedTwice()), TWICE);
 }
 
-TEST_F(RulesMarkdownTest, NamesTheClassesThatTheExampleNeeds) {
-    EXPECT_EQ(Shown(SECOND), NO_NUMBER);
+TEST_F(RulesMarkdownTest, NamesTheClassesThatTheExampleRequires) {
+    EXPECT_EQ(Shown(NoNumber()), NO_NUMBER);
 }
 
-TEST_F(RulesMarkdownTest, EscapesWhatMarkdownGivesAMeaning) {
-    EXPECT_EQ(Shown(THIRD), IDLE);
+TEST_F(RulesMarkdownTest, EscapesWhatHasAMeaningInMarkdown) {
+    EXPECT_EQ(Shown(Idle()), IDLE);
 }
 
-TEST_F(RulesMarkdownTest, ExplainsAllByFamilyBehindATable) {
+TEST_F(RulesMarkdownTest, ExplainsAllRulesByFamilyAfterATable) {
     std::ostringstream out;
-    qvgraph::renderRulesMarkdown(out, {FIRST, SECOND, THIRD});
+    std::vector<ExplainedRule> explained;
+    explained.push_back(explainedTwice());
+    explained.push_back(NoNumber());
+    explained.push_back(Idle());
+    qvgraph::renderRulesMarkdown(out, explained);
     EXPECT_EQ(out.str(),
               R"(# Rules
 
-What `qvgraph check` finds in a configuration. `qvgraph explain CODE` tells the
-same on a terminal, and `qvgraph explain --format markdown` writes this page.
+The rules of `qvgraph check`. `qvgraph explain CODE` explains a rule on a
+terminal, and `qvgraph explain --format markdown` writes this page.
 
-- **error**: a device would abort, fail, or leave something out that is meant.
-- **warning**: it would go on with something else than is written.
+- **error**: the device aborts, fails, or silently drops something.
+- **warning**: the device continues with a different value.
 - **note**: worth knowing.
 
-A comment silences the warnings and notes of a rule that start on its line, or,
-where it has a line of its own, on the next:
+A comment suppresses the warnings and notes of a rule that start on the same
+line or, if the comment is alone on its line, on the next line:
 
 ```jsonc
 // qvgraph: ignore[no-consumer] a recorder is plugged in here
@@ -147,8 +148,8 @@ where it has a line of its own, on the next:
 
 | code | severity | what is wrong |
 |---|---|---|
-| [twice](#twice) | warning | A key stands twice in one object |
-| [no-number](#no-number) | error | The key 'link_\<l\>' of a link does not end in the number that the framework would look for |
+| [twice](#twice) | warning | A key occurs twice in one object |
+| [no-number](#no-number) | error | The key 'link_\<l\>' of a link does not end in the number that the framework looks up |
 | [idle](#idle) | note | A node has nothing to do |
 
 ## Text

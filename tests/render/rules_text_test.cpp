@@ -1,4 +1,4 @@
-// The rules, for people at a terminal.
+// The rules as text for a terminal.
 #include "render/rules_text.h"
 
 #include <gtest/gtest.h>
@@ -20,21 +20,20 @@ std::string explanationOf(const qvgraph::ExplainedRule& explained) {
     return '\n' + out.str();
 }
 
-std::string listOf(const std::vector<Rule>& rules) {
+std::string listOf(const std::vector<const Rule*>& rules) {
     std::ostringstream out;
     qvgraph::renderRuleListText(out, rules);
     return '\n' + out.str();
 }
 
 TEST(RuleTextTest, ExplainsARule) {
-    const Rule rule = smallRules().at(0);
-    EXPECT_EQ(explanationOf(explainedTwice(rule)), R"(
-twice (warning): A key stands twice in one object
+    EXPECT_EQ(explanationOf(explainedTwice()), R"(
+twice (warning): A key occurs twice in one object
 
-Which of the two counts is a matter of the order in the text. An object of
-*JSON* has each key <once>.
+The order in the text decides which of the two values wins. An object of *JSON*
+has each key <once>.
 
-On a device: The last one counts; the others are gone without a word.
+On a device: The last value wins; the other one is silently discarded.
 
 Example:
 
@@ -42,34 +41,34 @@ Example:
     2 |             "fps": 30}}
       |             ^~~~~
 
-  warning: 'fps' stands here again: the one before it, which is 25, is lost
+  warning: 'fps' is already in this object; this value overrides the earlier
+           one, 25
   hint: remove one of the two
 
-Put right:
+Fixed:
 
   {"link_0": {"fps": 30}}
 
-Remove the one that is not meant.
+Remove the one that is not intended.
 )");
 }
 
-TEST(RuleTextTest, NamesTheClassesThatTheExampleNeeds) {
-    const Rule rule = smallRules().at(1);
-    EXPECT_EQ(explanationOf({&rule, fileWith("example.json", std::string(rule.example.wrong), {})}),
+TEST(RuleTextTest, NamesTheClassesThatTheExampleRequires) {
+    EXPECT_EQ(explanationOf(explainedWith(*smallRules().at(1), {})),
               R"(
 no-number (error): The key 'link_<l>' of a link does not end in the number that
-the framework would look for
+the framework looks up
 
-A link is found by its number.
+A link is looked up by its number.
 
-On a device: Nothing finds the link.
+On a device: No lookup finds the link.
 
-Example, with a class Join of 2 inputs and 1 output and a class Camera of no
-inputs and 1 output, and without stubs for unknown classes:
+Example, with class Join (2 inputs, 1 output) and class Camera (no inputs, 1
+output), and without stubs for unknown classes:
 
     1 | {"link_x": {}}
 
-Put right:
+Fixed:
 
   {"link_0": {}}
 
@@ -77,31 +76,31 @@ Give it a number.
 )");
 }
 
-TEST(RuleTextTest, WrapsWhatTheCheckSays) {
-    const Rule rule = smallRules().at(2);
+TEST(RuleTextTest, WrapsTheMessagesAndHintsOfFindings) {
     qvgraph::Finding finding = findingAt({0, 2},
                                          qvgraph::Severity::Note,
                                          "idle",
-                                         "the node 'node_0' of the class 'Idle' has neither inputs "
+                                         "node 'node_0' of class 'Idle' has neither inputs "
                                          "nor outputs");
-    finding.hint = "remove it, or name another class in its \"node_name\", one that has streams";
-    EXPECT_EQ(explanationOf({&rule, fileWith("example.json", "{}", {finding})}), R"(
+    finding.hint =
+        "remove it, or write a different class in its \"node_name\", one that has streams";
+    EXPECT_EQ(explanationOf(explainedWith(*smallRules().at(2), {finding})), R"(
 idle (note): A node has nothing to do
 
 It has no streams.
 
 On a device: It waits.
 
-Example, with a class Idle of no inputs and no outputs:
+Example, with class Idle (no inputs, no outputs):
 
     1 | {}
       | ^~
 
-  note: the node 'node_0' of the class 'Idle' has neither inputs nor outputs
-  hint: remove it, or name another class in its "node_name", one that has
+  note: node 'node_0' of class 'Idle' has neither inputs nor outputs
+  hint: remove it, or write a different class in its "node_name", one that has
         streams
 
-Put right:
+Fixed:
 
   {}
 
@@ -109,16 +108,15 @@ Remove the node.
 )");
 }
 
-TEST(RuleTextTest, AnExampleNeverReachesTheTerminalRaw) {
-    Rule rule = smallRules().at(2);
+TEST(RuleTextTest, AnExampleIsPrintable) {
+    Rule rule = *smallRules().at(2);
     rule.example.wrong = "{}\033\xff";
-    rule.example.right = "{}\u009b";
-    const std::string shown =
-        explanationOf({&rule, fileWith("example.json", std::string(rule.example.wrong), {})});
+    rule.example.fixed = "{}\u009b";
+    const std::string shown = explanationOf(explainedWith(rule, {}));
     EXPECT_EQ(shown.substr(shown.find("Example")),
-              "Example, with a class Idle of no inputs and no outputs:\n\n"
+              "Example, with class Idle (no inputs, no outputs):\n\n"
               "    1 | {}\\x1b\ufffd\n\n"
-              "Put right:\n\n"
+              "Fixed:\n\n"
               "  {}\\x9b\n\n"
               "Remove the node.\n");
 }
@@ -126,18 +124,30 @@ TEST(RuleTextTest, AnExampleNeverReachesTheTerminalRaw) {
 TEST(RuleListTest, ListsRulesByFamily) {
     EXPECT_EQ(listOf(smallRules()), R"(
 Text
-  twice      warning  A key stands twice in one object
+  twice      warning  A key occurs twice in one object
   no-number  error    The key 'link_<l>' of a link does not end in the number
-                      that the framework would look for
+                      that the framework looks up
 
 Wiring
   idle       note     A node has nothing to do
 )");
 }
 
-TEST(ConditionsTest, MayBeThatThereAreNoStubs) {
-    EXPECT_EQ(qvgraph::conditionsOf({"", "", {}, false}), "without stubs for unknown classes");
-    EXPECT_EQ(qvgraph::conditionsOf({"", "", {}, true}), "");
+TEST(ConditionsTest, DescribeClassesThatFailOrLookUpOptions) {
+    const qvgraph::RuleExample example = {
+        .wrong = "",
+        .fixed = "",
+        .classes = {{.name = "Broken", .inputs = 0, .outputs = 1, .createsNode = false},
+                    {.name = "Mixer", .inputs = 2, .outputs = 0, .looksUpGain = true}}};
+    EXPECT_EQ(qvgraph::conditionsOf(example),
+              "with class Broken (creates no node) and class Mixer (2 inputs, no outputs, looks up "
+              "'gain' as a float)");
+}
+
+TEST(ConditionsTest, MayExcludeStubs) {
+    EXPECT_EQ(qvgraph::conditionsOf({.wrong = "", .fixed = "", .stub = false}),
+              "without stubs for unknown classes");
+    EXPECT_EQ(qvgraph::conditionsOf({.wrong = "", .fixed = ""}), "");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Findings written out, for the tests of their reports.
+// Small findings, for the tests of their reports.
 #ifndef QVGRAPH_TESTS_RENDER_SMALL_CHECK_H_
 #define QVGRAPH_TESTS_RENDER_SMALL_CHECK_H_
 
@@ -10,7 +10,7 @@
 
 #include "check/check.h"
 
-// Where `part` stands in a text for the nth time, from 1.
+// The span of the nth occurrence of `part` in a text, from 1.
 inline qvgraph::Span spanOf(const std::string& text, const std::string& part, int nth = 1) {
     size_t at = text.find(part);
     for (int i = 1; i < nth && at != std::string::npos; ++i) {
@@ -46,7 +46,15 @@ inline qvgraph::CheckedFile fileWith(const std::string& name,
     return file;
 }
 
-// A file with an error, and with a warning that has everything.
+// Files can be moved, but not copied.
+template <typename... Files>
+std::vector<qvgraph::CheckedFile> filesOf(Files... files) {
+    std::vector<qvgraph::CheckedFile> all;
+    (all.push_back(std::move(files)), ...);
+    return all;
+}
+
+// A file with an error, and a warning that has everything.
 inline qvgraph::CheckedFile doorFile() {
     const std::string text = R"({"pipe_0": {
   "link_0": {"fps": 25,
@@ -57,9 +65,9 @@ inline qvgraph::CheckedFile doorFile() {
     qvgraph::Finding twice = findingAt(spanOf(text, "\"fps\"", 2),
                                        qvgraph::Severity::Warning,
                                        "twice",
-                                       "'fps' stands here again",
+                                       "'fps' is already in this object",
                                        "/pipe_0/link_0/fps");
-    twice.related.push_back({"the first one is lost", spanOf(text, "\"fps\"")});
+    twice.related.push_back({"overridden here", spanOf(text, "\"fps\"")});
     twice.hint = "remove one of the two";
     return fileWith("door.json",
                     text,
@@ -71,7 +79,7 @@ inline qvgraph::CheckedFile doorFile() {
                                "/pipe_0/link_x")});
 }
 
-// One of one line, with a note at its end.
+// A file of one line, with a note at its end.
 inline qvgraph::CheckedFile gateFile() {
     return fileWith(
         "gate.json",
@@ -79,7 +87,7 @@ inline qvgraph::CheckedFile gateFile() {
         {findingAt({2, 2}, qvgraph::Severity::Note, "no-line-end", "the last line does not end")});
 }
 
-// A file whose name, text and findings hold what a terminal must not get.
+// A file whose name, text and findings contain what a terminal must not receive.
 inline qvgraph::CheckedFile hostileFile() {
     const std::string evil = "\033[2J\n\xff\u009b";
     const std::string text = "\"\x1b\xff\u009b\u202e\" x\n";
@@ -90,7 +98,7 @@ inline qvgraph::CheckedFile hostileFile() {
     return fileWith(evil, text, {finding});
 }
 
-// What of `evil` above is shown.
+// What is shown for `evil` above.
 inline const char* const SHOWN_EVIL = "\\x1b[2J\\x0a\ufffd\\x9b";
 
 #endif  // QVGRAPH_TESTS_RENDER_SMALL_CHECK_H_

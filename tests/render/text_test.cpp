@@ -1,4 +1,4 @@
-// Text that is fit for a terminal.
+// Text that is safe for a terminal.
 #include "render/text.h"
 
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@ using namespace std::string_view_literals;  // NOLINT(google-build-using-namespa
 
 // ---- printable --------------------------------------------------------------
 
-TEST(PrintableTest, LeavesTextAsItIs) {
+TEST(PrintableTest, LeavesPrintableTextUnchanged) {
     EXPECT_EQ(printable(""), "");
     EXPECT_EQ(printable("raw_frames"), "raw_frames");
     EXPECT_EQ(printable(" ~\\\"'\\x00"), " ~\\\"'\\x00");
@@ -64,7 +64,7 @@ TEST(ColumnsTest, AreOneForEachCodePoint) {
     EXPECT_EQ(columnsOf("扉🚪"), 2U);
 }
 
-TEST(PaddedTest, HasBlanksBehindIt) {
+TEST(PaddedTest, EndsWithBlanks) {
     EXPECT_EQ(padded("", 3), "   ");
     EXPECT_EQ(padded("Tür", 5), "Tür  ");
     EXPECT_EQ(padded("Tür", 3), "Tür");
@@ -93,7 +93,7 @@ TEST(WrappedTest, AnEmptyTextIsAnEmptyLine) {
     EXPECT_EQ(wrapped("", 9), "\n");
 }
 
-TEST(WrappedTest, WhatFitsStaysOnItsLine) {
+TEST(WrappedTest, TextThatFitsStaysOnItsLine) {
     EXPECT_EQ(wrapped("one two", 0), "one two\n");
     EXPECT_EQ(wrapped(xs(80), 0), xs(80) + "\n");
     EXPECT_EQ(wrapped(xs(39) + " " + xs(40), 0), xs(39) + " " + xs(40) + "\n");
@@ -108,22 +108,22 @@ TEST(WrappedTest, BreaksAtTheLastBlankThatFits) {
     EXPECT_EQ(wrapped(xs(78) + " y", 0), xs(78) + " y\n");
 }
 
-TEST(WrappedTest, TheBlanksOfABreakAreGone) {
+TEST(WrappedTest, TheBlanksAtABreakAreOmitted) {
     EXPECT_EQ(wrapped(xs(70) + blanks(5) + xs(20), 0), xs(70) + "\n" + xs(20) + "\n");
     EXPECT_EQ(wrapped(xs(80) + blanks(5) + "y", 0), xs(80) + "\ny\n");
 }
 
-TEST(WrappedTest, BlanksAtTheEndMakeNoLine) {
+TEST(WrappedTest, BlanksAtTheEndAddNoLine) {
     EXPECT_EQ(wrapped(xs(80) + "  ", 0), xs(80) + "\n");
 }
 
-TEST(WrappedTest, BreaksHardWhereThereIsNoBlank) {
+TEST(WrappedTest, BreaksWithinAWordIfThereIsNoBlank) {
     EXPECT_EQ(wrapped(xs(81), 0), xs(80) + "\nx\n");
     EXPECT_EQ(wrapped(xs(160), 0), xs(80) + "\n" + xs(80) + "\n");
     EXPECT_EQ(wrapped("one " + xs(90), 0), "one\n" + xs(80) + "\n" + xs(10) + "\n");
 }
 
-TEST(WrappedTest, FurtherLinesAreAsFarIndented) {
+TEST(WrappedTest, FurtherLinesHaveTheSameIndent) {
     EXPECT_EQ(wrapped(xs(60) + " " + xs(60) + " " + xs(60), 10),
               xs(60) + "\n" + blanks(10) + xs(60) + "\n" + blanks(10) + xs(60) + "\n");
     EXPECT_EQ(wrapped(xs(141), 10),
@@ -138,7 +138,7 @@ TEST(WrappedTest, CountsCodePointsAndCutsNone) {
     EXPECT_EQ(wrapped(doors, 0), doors.substr(0, 80 * 3) + "\n扉\n");
 }
 
-// A narrow column of text is worth a line that is too long.
+// A line that is too long is better than a column that is too narrow.
 TEST(WrappedTest, ADeepIndentLeavesTwentyColumns) {
     EXPECT_EQ(wrapped(xs(22), 59), xs(21) + "\n" + blanks(59) + "x\n");
     EXPECT_EQ(wrapped(xs(22), 60), xs(20) + "\n" + blanks(60) + "xx\n");

@@ -1,5 +1,5 @@
-// The schema of a configuration: it takes what the check finds nothing wrong
-// with, and refuses what is wrong in a way that a schema can express.
+// The schema accepts every configuration in which the check finds no mistakes, and
+// rejects every mistake that a schema can express.
 #include "schema/schema.h"
 
 #include <gtest/gtest.h>
@@ -18,8 +18,8 @@
 #include <vector>
 
 #include "check/check.h"
-#include "check/known_keys.h"
-#include "check/rule.h"
+#include "check/reserved_keys.h"
+#include "check/rules.h"
 #include "host/qv_node_registry.h"
 
 namespace {
@@ -51,7 +51,7 @@ bool accepts(std::string_view text) {
     return validator.validate(schema(), Adapter(document), nullptr);
 }
 
-// ---- what is right ---------------------------------------------------------
+// ---- Correct configurations -------------------------------------------------
 
 std::vector<std::string> examples() {
     std::vector<std::string> paths;
@@ -72,13 +72,13 @@ TEST(SchemaTest, AcceptsEveryExample) {
     }
 }
 
-TEST(SchemaTest, AcceptsTheRightExampleOfEveryRule) {
-    for (const qvgraph::Rule& rule : qvgraph::rules()) {
-        EXPECT_TRUE(accepts(rule.example.right)) << rule.code;
+TEST(SchemaTest, AcceptsTheFixedExampleOfEveryRule) {
+    for (const qvgraph::Rule* rule : qvgraph::rules()) {
+        EXPECT_TRUE(accepts(rule->example.fixed)) << rule->code;
     }
 }
 
-TEST(SchemaTest, AcceptsWhatIsUnusualButRight) {
+TEST(SchemaTest, AcceptsUnusualButCorrectConfigurations) {
     for (const char* text : {
              "{}",
              R"({"pipe_0": {}})",
@@ -95,9 +95,9 @@ TEST(SchemaTest, AcceptsWhatIsUnusualButRight) {
     }
 }
 
-// ---- what is wrong ---------------------------------------------------------
+// ---- Mistakes ---------------------------------------------------------------
 
-// Rules whose example the schema refuses as well, warnings among them.
+// Rules, including warnings, whose example the schema rejects too.
 const std::set<std::string> EXPRESSED = {
     "root-not-object",
     "pipe-not-addressable",
@@ -113,40 +113,40 @@ const std::set<std::string> EXPRESSED = {
     "no-document",
 };
 
-// Errors that no schema can express, each with the reason.
+// Errors that a schema cannot express, each with the reason.
 const std::map<std::string, std::string> NOT_EXPRESSED = {
-    {"syntax", "a schema sees a document, not its text"},
-    {"nul-in-text", "a schema sees a document, not its text"},
-    {"byte-order-mark", "a schema sees a document, not its text"},
-    {"pipe-gap", "it takes counting the pipes"},
-    {"single-stream-key", "it takes counting the keys of a family"},
+    {"syntax", "a schema sees the document, not its text"},
+    {"nul-in-text", "a schema sees the document, not its text"},
+    {"byte-order-mark", "a schema sees the document, not its text"},
+    {"pipe-gap", "a schema cannot count pipes"},
+    {"single-stream-key", "a schema cannot count the keys of a family"},
     {"node-class", "a schema knows no node classes"},
     {"node-class-failed", "a schema knows no node classes"},
     {"stream-count", "a schema knows no node classes"},
     {"stream-name-missing", "a schema knows no node classes"},
-    {"two-producers", "a schema cannot compare values in different places"},
+    {"two-producers", "a schema cannot compare values at different locations"},
 };
 
-TEST(SchemaTest, RefusesTheExampleOfEveryErrorThatItCanExpress) {
+TEST(SchemaTest, RejectsTheExampleOfEveryErrorThatItCanExpress) {
     for (const std::string& code : EXPRESSED) {
         EXPECT_FALSE(accepts(qvgraph::findRule(code)->example.wrong)) << code;
     }
 }
 
-TEST(SchemaTest, ItIsKnownWhichErrorsItCannotExpress) {
-    for (const qvgraph::Rule& rule : qvgraph::rules()) {
-        const bool isExpressed = EXPRESSED.count(rule.code) != 0;
-        const bool isKnown = NOT_EXPRESSED.count(rule.code) != 0;
-        if (rule.severity == qvgraph::Severity::Error) {
-            EXPECT_NE(isExpressed, isKnown) << rule.code;
+TEST(SchemaTest, EveryErrorIsListedAsExpressibleOrNot) {
+    for (const qvgraph::Rule* rule : qvgraph::rules()) {
+        const bool isExpressed = EXPRESSED.count(rule->code) != 0;
+        const bool isInexpressible = NOT_EXPRESSED.count(rule->code) != 0;
+        if (rule->severity == qvgraph::Severity::Error) {
+            EXPECT_NE(isExpressed, isInexpressible) << rule->code;
         }
-        if (isKnown && json::accept(rule.example.wrong, true)) {
-            EXPECT_TRUE(accepts(rule.example.wrong)) << rule.code;
+        if (isInexpressible && json::accept(rule->example.wrong, true)) {
+            EXPECT_TRUE(accepts(rule->example.wrong)) << rule->code;
         }
     }
 }
 
-TEST(SchemaTest, RefusesWhatTheCheckReports) {
+TEST(SchemaTest, RejectsWhatTheCheckReports) {
     const std::string node = R"("node_opts": {"node_name": "N"})";
     for (const std::string& text : std::vector<std::string>{
              "[]",
@@ -173,7 +173,7 @@ TEST(SchemaTest, RefusesWhatTheCheckReports) {
     }
 }
 
-// ---- the table of known keys -------------------------------------------------
+// ---- The table of reserved keys ---------------------------------------------
 
 const char* definitionOf(Level level) {
     switch (level) {
@@ -200,27 +200,27 @@ const char* definitionOf(Level level) {
     return "";
 }
 
-// Whether a definition says something of a key, or of the family of a prefix.
-bool describes(const json& definition, const qvgraph::KnownKey& known) {
-    if (!known.family) {
-        return definition.value("properties", json::object()).contains(known.name);
+// Whether a definition describes a key, or a family of keys by its prefix.
+bool describes(const json& definition, const qvgraph::ReservedKey& reserved) {
+    if (!reserved.family) {
+        return definition.value("properties", json::object()).contains(reserved.name);
     }
     const json patterns = definition.value("patternProperties", json::object());
     return std::any_of(patterns.items().begin(), patterns.items().end(), [&](const auto& pattern) {
-        return pattern.key().rfind("^" + std::string(known.name), 0) == 0 &&
+        return pattern.key().rfind("^" + std::string(reserved.name), 0) == 0 &&
                pattern.value() != json(false);
     });
 }
 
-TEST(SchemaTest, DescribesEveryKnownKey) {
-    for (const qvgraph::KnownKey& known : qvgraph::knownKeys()) {
-        const std::string name = definitionOf(known.level);
+TEST(SchemaTest, DescribesEveryReservedKey) {
+    for (const qvgraph::ReservedKey& reserved : qvgraph::reservedKeys()) {
+        const std::string name = definitionOf(reserved.level);
         const json& definition = name.empty() ? schemaText() : schemaText()["definitions"][name];
-        EXPECT_TRUE(describes(definition, known)) << name << ' ' << known.name;
+        EXPECT_TRUE(describes(definition, reserved)) << name << ' ' << reserved.name;
     }
 }
 
-// Every part that an editor shows while one hovers over a key.
+// Editors show both when the user hovers over a key.
 TEST(SchemaTest, EveryDefinitionHasATitleAndADescription) {
     for (const auto& definition : schemaText()["definitions"].items()) {
         EXPECT_TRUE(definition.value().contains("title")) << definition.key();

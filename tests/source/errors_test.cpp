@@ -1,7 +1,7 @@
-// Where a text stops being JSON, what is open there, and what to do about it.
+// Where a text stops being JSON, what is open there, and how to fix it.
 //
-// In these texts, ‸ stands before the first byte that fits nowhere, and ⟦⟧
-// around what is open there.
+// In these texts, ‸ marks the first byte that does not fit, and ⟦⟧ surround
+// what is open there.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -76,7 +76,7 @@ TEST(ErrorTest, NoDocument) {
     });
 }
 
-TEST(ErrorTest, ACommaTooMany) {
+TEST(ErrorTest, ASurplusComma) {
     AssertErrors({
         {"[1, 2,‸]", "remove the comma before this bracket"},
         {"[1, // last\n‸]", "remove the comma before this bracket"},
@@ -88,20 +88,20 @@ TEST(ErrorTest, ACommaTooMany) {
     });
 }
 
-TEST(ErrorTest, ACommaTooFew) {
+TEST(ErrorTest, AMissingComma) {
     AssertErrors({
-        {R"({"a": 1 ‸"b": 2})", "write a comma before this key"},
-        {R"({"a": 1 ‸b: 2})", "write a comma before this key"},
-        {"{\"a\": {}\n ‸\"b\": {}}", "write a comma before this key"},
-        {R"({"a": 1 ‸{"b": 2}})", "write a comma and a key before this value"},
-        {R"({"a": 1 ‸2})", "write a comma and a key before this value"},
-        {"[1 ‸2]", "write a comma before this value"},
-        {"[1 ‸-2]", "write a comma before this value"},
-        {"[\"a\"‸\"b\"]", "write a comma before this value"},
-        {"[{} ‸{}]", "write a comma before this value"},
-        {"[1 ‸true]", "write a comma before this value"},
-        {"[1‸; 2]", "write a comma in place of the semicolon"},
-        {R"({"a": 1‸; "b": 2})", "write a comma in place of the semicolon"},
+        {R"({"a": 1 ‸"b": 2})", "add a comma before this key"},
+        {R"({"a": 1 ‸b: 2})", "add a comma before this key"},
+        {"{\"a\": {}\n ‸\"b\": {}}", "add a comma before this key"},
+        {R"({"a": 1 ‸{"b": 2}})", "add a comma and a key before this value"},
+        {R"({"a": 1 ‸2})", "add a comma and a key before this value"},
+        {"[1 ‸2]", "add a comma before this value"},
+        {"[1 ‸-2]", "add a comma before this value"},
+        {"[\"a\"‸\"b\"]", "add a comma before this value"},
+        {"[{} ‸{}]", "add a comma before this value"},
+        {"[1 ‸true]", "add a comma before this value"},
+        {"[1‸; 2]", "replace the semicolon with a comma"},
+        {R"({"a": 1‸; "b": 2})", "replace the semicolon with a comma"},
         {"[1 ‸= 2]", ""},
         {R"({"a": 1 ‸)})", ""},
     });
@@ -115,75 +115,75 @@ TEST(ErrorTest, KeysAndColons) {
         {"{‸größe: 1}", "put the key in double quotes"},
         {"{‸$ref: 1}", "put the key in double quotes"},
         {R"({"a": 1, ‸_b: 1})", "put the key in double quotes"},
-        {"{‸: 1}", "write a key in double quotes before the colon"},
-        {"{‸{}}", "write a key and a colon before this value"},
-        {R"({"a": 1, ‸[]})", "write a key and a colon before this value"},
+        {"{‸: 1}", "add a key in double quotes before the colon"},
+        {"{‸{}}", "add a key and a colon before this value"},
+        {R"({"a": 1, ‸[]})", "add a key and a colon before this value"},
         {"{‸.a: 1}", ""},
-        {R"({"a" ‸1})", "write a colon between the key and its value"},
-        {R"({"a" ‸"b"})", "write a colon between the key and its value"},
-        {R"({"a" ‸true})", "write a colon between the key and its value"},
-        {R"({"a" ‸= 1})", "write a colon in place of the equals sign"},
-        {R"({"a"‸; 1})", "write a colon in place of the semicolon"},
-        {R"({"a"‸, "b"})", "write a colon and a value behind the key"},
-        {R"({"a"‸})", "write a colon and a value behind the key"},
+        {R"({"a" ‸1})", "add a colon between the key and its value"},
+        {R"({"a" ‸"b"})", "add a colon between the key and its value"},
+        {R"({"a" ‸true})", "add a colon between the key and its value"},
+        {R"({"a" ‸= 1})", "replace the equals sign with a colon"},
+        {R"({"a"‸; 1})", "replace the semicolon with a colon"},
+        {R"({"a"‸, "b"})", "add a colon and a value after the key"},
+        {R"({"a"‸})", "add a colon and a value after the key"},
         {R"({"a" ‸> 1})", ""},
-        {R"({"a":‸})", "write a value behind the colon"},
-        {R"({"a":‸, "b": 1})", "write a value behind the colon"},
+        {R"({"a":‸})", "add a value after the colon"},
+        {R"({"a":‸, "b": 1})", "add a value after the colon"},
         {R"({"a":‸: 1})", "remove this colon"},
         {R"({"a":‸= 1})", ""},
     });
 }
 
-TEST(ErrorTest, TheWrongBracketCloses) {
+TEST(ErrorTest, AnObjectOrArrayClosedByTheWrongBracket) {
     AssertErrors({
         {R"({"a": ⟦[⟧1, 2‸}})", "close the array with ] here"},
         {"⟦[⟧‸}", "close the array with ] here"},
-        {"⟦[⟧1, ‸}", "write ] in place of the comma"},
+        {"⟦[⟧1, ‸}", "replace the comma with ]"},
         {R"(⟦{⟧"a": 1‸])", "close the object with } here"},
         {R"([⟦{⟧"a": 1‸])", "close the object with } here"},
         {"⟦{⟧‸]", "close the object with } here"},
-        {R"(⟦{⟧"a": 1, ‸])", "write } in place of the comma"},
-        {R"(⟦{⟧"a"‸])", "write a colon and a value behind the key"},
-        {R"(⟦{⟧"a":‸])", "write a value behind the colon"},
+        {R"(⟦{⟧"a": 1, ‸])", "replace the comma with }"},
+        {R"(⟦{⟧"a"‸])", "add a colon and a value after the key"},
+        {R"(⟦{⟧"a":‸])", "add a value after the colon"},
     });
 }
 
-TEST(ErrorTest, TheTextEndsTooEarly) {
+TEST(ErrorTest, AnIncompleteText) {
     AssertErrors({
         {"⟦[⟧‸", "close the array with ]"},
         {"⟦[⟧1 // one\n‸", "close the array with ]"},
-        {"⟦[⟧1, ‸", "write ] in place of the comma"},
+        {"⟦[⟧1, ‸", "replace the comma with ]"},
         {"⟦{⟧‸", "close the object with }"},
         {R"([⟦{⟧"a": 1‸)", "close the object with }"},
         {R"({"a": [], "b": ⟦[⟧{}‸)", "close the array with ]"},
-        {R"(⟦{⟧"a": 1, ‸)", "write } in place of the comma"},
-        {R"(⟦{⟧"a"‸)", "write a colon and a value behind the key"},
-        {R"(⟦{⟧"a":‸)", "write a value behind the colon"},
+        {R"(⟦{⟧"a": 1, ‸)", "replace the comma with }"},
+        {R"(⟦{⟧"a"‸)", "add a colon and a value after the key"},
+        {R"(⟦{⟧"a":‸)", "add a value after the colon"},
         {"⟦[⟧tru‸", "write true"},
-        {"⟦[⟧-‸", "write a digit behind the minus sign"},
+        {"⟦[⟧-‸", "add a digit after the minus sign"},
     });
 }
 
 TEST(ErrorTest, ArraysWithKeysAndObjectsWithoutBrackets) {
     AssertErrors({
-        {R"(["a"‸: 1])", "write { and } around members in place of [ and ]"},
-        {R"("a"‸: 1)", "write { and } around the members"},
+        {R"(["a"‸: 1])", "write members in { and } instead of [ and ]"},
+        {R"("a"‸: 1)", "put the members in { and }"},
     });
 }
 
-TEST(ErrorTest, BehindTheDocument) {
+TEST(ErrorTest, TextAfterTheDocument) {
     AssertErrors({
         {"{}‸}", "remove this bracket: nothing is open"},
         {"[]\n‸]", "remove this bracket: nothing is open"},
-        {"{} ‸{}", "remove what follows the document"},
-        {"{}‸,", "remove what follows the document"},
-        {"{}‸;", "remove what follows the document"},
-        {"{} ‸: 1", "remove what follows the document"},
-        {"{} ‸end", "remove what follows the document"},
-        {R"({"a": {}}‸, {})", "remove what follows the document"},
-        {R"([]‸, "b": 1)", "remove what follows the document"},
-        {R"({"a": {}}‸, "b": {}})", "remove one } before this: it closes the document"},
-        {R"({"a": {}} ‸"b": {}})", "remove one } before this: it closes the document"},
+        {"{} ‸{}", "remove the text after the document"},
+        {"{}‸,", "remove the text after the document"},
+        {"{}‸;", "remove the text after the document"},
+        {"{} ‸: 1", "remove the text after the document"},
+        {"{} ‸end", "remove the text after the document"},
+        {R"({"a": {}}‸, {})", "remove the text after the document"},
+        {R"([]‸, "b": 1)", "remove the text after the document"},
+        {R"({"a": {}}‸, "b": {}})", "remove one } before this; it closes the document"},
+        {R"({"a": {}} ‸"b": {}})", "remove one } before this; it closes the document"},
         {"null‸\0"s, "remove this NUL byte"},
     });
 }
@@ -198,15 +198,15 @@ TEST(ErrorTest, Words) {
         {R"({"a": ‸None})", "write null"},
         {R"({"a": n‸il})", "write null"},
         {R"({"a": ‸undefined})", "write null"},
-        {R"({"a": ‸NaN})", "write a number: JSON has no NaN and no Infinity"},
-        {R"({"a": n‸an})", "write a number: JSON has no NaN and no Infinity"},
-        {R"({"a": ‸inf})", "write a number: JSON has no NaN and no Infinity"},
-        {R"({"a": -‸Infinity})", "write a number: JSON has no NaN and no Infinity"},
-        {R"({"a": ‸sync})", "put the text in double quotes"},
-        {R"({"a": fa‸st})", "put the text in double quotes"},
-        {R"({"a": t‸})", "put the text in double quotes"},
-        {R"({"a": ‸größe})", "put the text in double quotes"},
-        {R"({"a": true‸ly})", "put the text in double quotes"},
+        {R"({"a": ‸NaN})", "write a number: JSON has neither NaN nor Infinity"},
+        {R"({"a": n‸an})", "write a number: JSON has neither NaN nor Infinity"},
+        {R"({"a": ‸inf})", "write a number: JSON has neither NaN nor Infinity"},
+        {R"({"a": -‸Infinity})", "write a number: JSON has neither NaN nor Infinity"},
+        {R"({"a": ‸sync})", "put the string in double quotes"},
+        {R"({"a": fa‸st})", "put the string in double quotes"},
+        {R"({"a": t‸})", "put the string in double quotes"},
+        {R"({"a": ‸größe})", "put the string in double quotes"},
+        {R"({"a": true‸ly})", "put the string in double quotes"},
     });
 }
 
@@ -215,26 +215,26 @@ TEST(ErrorTest, Numbers) {
         {"[0‸7]", "remove the leading zero"},
         {"[-0‸0.5]", "remove the leading zero"},
         {"[‸+1]", "remove the plus sign"},
-        {"[‸.5]", "write a 0 before the point"},
-        {"[-‸.5]", "write a 0 before the point"},
+        {"[‸.5]", "write a 0 before the decimal point"},
+        {"[-‸.5]", "write a 0 before the decimal point"},
         {"[‸.]", ""},
-        {"[-‸]", "write a digit behind the minus sign"},
-        {"[-‸-1]", "write a digit behind the minus sign"},
-        {"[5.‸]", "write a digit behind the point"},
-        {"[5.‸e1]", "write a digit behind the point"},
-        {"5.‸", "write a digit behind the point"},
-        {"[1e‸]", "write a digit in the exponent"},
-        {"[1e+‸]", "write a digit in the exponent"},
-        {"[1e-‸-1]", "write a digit in the exponent"},
-        {"[0‸x10]", "write the number in decimal digits"},
-        {"-0‸XFF", "write the number in decimal digits"},
-        {"[0‸ms]", "put the text in double quotes"},
-        {"[10‸x10]", "put the text in double quotes"},
-        {"[1‸_000]", "put the text in double quotes"},
-        {"[10‸ms]", "put the text in double quotes"},
-        {"[1.2‸.3]", "put the text in double quotes"},
-        {R"({"a": 10‸:30})", "put the text in double quotes"},
-        {R"({"a": 2024‸-12-24})", "put the text in double quotes"},
+        {"[-‸]", "add a digit after the minus sign"},
+        {"[-‸-1]", "add a digit after the minus sign"},
+        {"[5.‸]", "add a digit after the decimal point"},
+        {"[5.‸e1]", "add a digit after the decimal point"},
+        {"5.‸", "add a digit after the decimal point"},
+        {"[1e‸]", "add a digit to the exponent"},
+        {"[1e+‸]", "add a digit to the exponent"},
+        {"[1e-‸-1]", "add a digit to the exponent"},
+        {"[0‸x10]", "write the number in decimal"},
+        {"-0‸XFF", "write the number in decimal"},
+        {"[0‸ms]", "put the string in double quotes"},
+        {"[10‸x10]", "put the string in double quotes"},
+        {"[1‸_000]", "put the string in double quotes"},
+        {"[10‸ms]", "put the string in double quotes"},
+        {"[1.2‸.3]", "put the string in double quotes"},
+        {R"({"a": 10‸:30})", "put the string in double quotes"},
+        {R"({"a": 2024‸-12-24})", "put the string in double quotes"},
     });
 }
 
@@ -244,31 +244,31 @@ TEST(ErrorTest, Strings) {
         {R"(⟦"⟧a\‸)", "close the string with \""},
         {R"(⟦"⟧\u00‸)", "close the string with \""},
         {R"({⟦"⟧a‸)", "close the string with \""},
-        {"{\"a\": ⟦\"⟧b‸\n}", R"(close the string on its line, or write \n for a new line)"},
-        {"{\"a\": ⟦\"⟧b,‸\r\n}", R"(close the string on its line, or write \n for a new line)"},
-        {"[⟦\"⟧b\\‸\n\"]", R"(close the string on its line, or write \n for a new line)"},
-        {"[⟦\"⟧\\u12‸\n\"]", R"(close the string on its line, or write \n for a new line)"},
+        {"{\"a\": ⟦\"⟧b‸\n}", R"(close the string on its line, or write \n for a line break)"},
+        {"{\"a\": ⟦\"⟧b,‸\r\n}", R"(close the string on its line, or write \n for a line break)"},
+        {"[⟦\"⟧b\\‸\n\"]", R"(close the string on its line, or write \n for a line break)"},
+        {"[⟦\"⟧\\u12‸\n\"]", R"(close the string on its line, or write \n for a line break)"},
         {"[\"b‸\t\"]", R"(write \t for a tab)"},
         {"[\"‸\0\"]"s, R"(write \u0000 for this control character)"},
         {"[\"‸\x1f\"]", R"(write \u001f for this control character)"},
         {R"(["it\‸'s"])", "write ' without a backslash"},
-        {R"(["\‸x41"])", R"(write \u00 in place of \x)"},
+        {R"(["\‸x41"])", R"(write \u00 instead of \x)"},
         {R"(["C:\‸Models"])", R"(write \\ for a backslash)"},
-        {R"(["C:\u‸sers"])", R"(write four hexadecimal digits behind \u, or \\ for a backslash)"},
-        {R"(["\u12‸"])", R"(write four hexadecimal digits behind \u, or \\ for a backslash)"},
-        {R"(["\u123‸g"])", R"(write four hexadecimal digits behind \u, or \\ for a backslash)"},
+        {R"(["C:\u‸sers"])", R"(write four hexadecimal digits after \u, or \\ for a backslash)"},
+        {R"(["\u12‸"])", R"(write four hexadecimal digits after \u, or \\ for a backslash)"},
+        {R"(["\u123‸g"])", R"(write four hexadecimal digits after \u, or \\ for a backslash)"},
         {R"({"a": "say "‸hi""})", R"(write \" for a double quote within a string)"},
         {R"(["say "‸hi""])", R"(write \" for a double quote within a string)"},
         {R"({"a"‸b": 1})", R"(write \" for a double quote within a string)"},
     });
 }
 
-TEST(ErrorTest, QuotesOfOtherKinds) {
-    const std::string plain = "write the plain double quote in place of this one";
+TEST(ErrorTest, OtherQuotationMarks) {
+    const std::string plain = "replace this with a plain double quote";
     AssertErrors({
-        {"{‸'a': 1}", "write double quotes in place of single ones"},
-        {R"({"a": ‸'b'})", "write double quotes in place of single ones"},
-        {R"({"a": ‸`b`})", "write double quotes in place of backticks"},
+        {"{‸'a': 1}", "use double quotes instead of single quotes"},
+        {R"({"a": ‸'b'})", "use double quotes instead of single quotes"},
+        {R"({"a": ‸`b`})", "use double quotes instead of backticks"},
         {"{‸“a”: 1}", plain},
         {R"({"a": ‸”b”})", plain},
         {R"({"a": ‸„b“})", plain},
@@ -280,11 +280,11 @@ TEST(ErrorTest, QuotesOfOtherKinds) {
     });
 }
 
-TEST(ErrorTest, CharactersThatLookLikeOthers) {
+TEST(ErrorTest, LookAlikeCharacters) {
     AssertErrors({
-        {R"({"a": 1‸，"b": 2})", "write the plain comma in place of this one"},
-        {R"({"a"‸：1})", "write the plain colon in place of this one"},
-        {"{‸\u00a0\"a\": 1}", "write a plain space in place of this no-break space"},
+        {R"({"a": 1‸，"b": 2})", "replace this with a plain comma"},
+        {R"({"a"‸：1})", "replace this with a plain colon"},
+        {"{‸\u00a0\"a\": 1}", "replace this no-break space with a plain space"},
         {"{‸\u200b\"a\": 1}", "remove this invisible character"},
         {"{} ‸\ufeff", "remove this invisible character"},
     });
@@ -294,15 +294,15 @@ TEST(ErrorTest, Encodings) {
     AssertErrors({
         {"‸\ufeff{}", "remove the byte-order mark"},
         {" ‸\ufeff{}", "remove this invisible character"},
-        {"‸\xff\xfe{\0}\0"s, "save the text as UTF-8"},
-        {"‸\xfe\xff\0{\0}"s, "save the text as UTF-8"},
+        {"‸\xff\xfe{\0}\0"s, "save the file as UTF-8"},
+        {"‸\xfe\xff\0{\0}"s, "save the file as UTF-8"},
         {"{‸\0}\0"s, "remove this NUL byte"},
     });
 }
 
 TEST(ErrorTest, Comments) {
     AssertErrors({
-        {"{‸# comment\n}", "begin a comment with // in place of #"},
+        {"{‸# comment\n}", "begin a comment with // instead of #"},
         {"{} /‸ comment", "begin a comment with // or /*"},
         {"{} /‸", "begin a comment with // or /*"},
         {"⟦[⟧/‸", "begin a comment with // or /*"},
@@ -313,7 +313,7 @@ TEST(ErrorTest, Comments) {
 }
 
 TEST(ErrorTest, Nesting) {
-    const std::string hint = "put at most 200 objects and arrays around a value";
+    const std::string hint = "nest at most 200 objects and arrays";
     AssertErrors({
         {times(201, "[") + "‸[", hint},
         {times(201, "[") + "‸1" + times(201, "]"), hint},
@@ -323,21 +323,21 @@ TEST(ErrorTest, Nesting) {
     });
 }
 
-TEST(ErrorTest, TwoMillionOpenBracketsStopAtTheSamePlace) {
+TEST(ErrorTest, TwoMillionOpenBracketsStopAtTheSameByte) {
     EXPECT_EQ(Source(std::string(2000000, '[')).error()->byte, 201U);
     EXPECT_EQ(Source(times(2000000, "{\"a\":")).error()->byte, 200U * 5 + 1);
 }
 
-// ---- Keys that stand too far left --------------------------------------------
+// ---- Outdented keys ----------------------------------------------------------
 
-// The key with its quotes; "" for none.
+// The outdented key with its quotes; "" for none.
 std::string outdentedIn(const std::string& text) {
     const Source source(text);
     const auto outdented = source.error()->outdented;
     return outdented ? text.substr(outdented->begin, outdented->end - outdented->begin) : "";
 }
 
-TEST(ErrorTest, AKeyIsIndentedDeeperThanTheLineThatOpensItsObject) {
+TEST(ErrorTest, AnOutdentedKeyIsIndentedNoDeeperThanTheLineThatOpensItsObject) {
     EXPECT_EQ(outdentedIn("{\n  \"a\": {\n    \"b\": 1,\n  \"c\": 2\n}\n"), "\"c\"");
     EXPECT_EQ(outdentedIn("{\n\t\"a\": {\n\t\t\"b\": 1,\n\t\"c\": 2\n}\n"), "\"c\"");
     EXPECT_EQ(outdentedIn("{\r\n  \"a\": {\"b\": 1,\r\n  \"c\": 2\r\n}\r\n"), "\"c\"");
@@ -345,11 +345,11 @@ TEST(ErrorTest, AKeyIsIndentedDeeperThanTheLineThatOpensItsObject) {
     EXPECT_EQ(outdentedIn("{\n  \"a\": {\n    \"b\": 1,\n\"c\": 2\n}\n"), "\"c\"");
 }
 
-TEST(ErrorTest, TheFirstSuchKeyIsNamed) {
+TEST(ErrorTest, TheFirstOutdentedKeyIsReported) {
     EXPECT_EQ(outdentedIn("{\n  \"a\": {\"x\": 1,\n  \"b\": {\"y\": 1,\n  \"c\": 2\n}\n"), "\"b\"");
 }
 
-TEST(ErrorTest, WithoutAnIndentNothingIsKnown) {
+TEST(ErrorTest, WithoutIndentsNoKeyIsOutdented) {
     EXPECT_EQ(outdentedIn("{\"a\": {\"b\": 1, \"c\": 2}"), "");
     EXPECT_EQ(outdentedIn("{\n\"a\": {\n\"b\": 1,\n\"c\": 2\n}\n"), "");
     EXPECT_EQ(outdentedIn("{\n  \"a\": {\n  \"b\": 1,\n  \"c\": 2\n}\n"), "");
@@ -358,7 +358,7 @@ TEST(ErrorTest, WithoutAnIndentNothingIsKnown) {
     EXPECT_EQ(outdentedIn("{\n  \"a\": {\n    \"b\": 1,\n   \"c\": 2\n}\n"), "");
 }
 
-TEST(ErrorTest, OnlyATextThatEndsWithinAnObjectHasOne) {
+TEST(ErrorTest, OnlyATextThatEndsWithinAnObjectHasAnOutdentedKey) {
     EXPECT_EQ(outdentedIn("{\n  \"a\": {\"b\": 1,\n  \"c\": x\n}\n"), "");
     EXPECT_EQ(outdentedIn("[{\n  \"a\": {\"b\": 1,\n  \"c\": 2\n}\n}\n"), "");
 }
@@ -373,14 +373,14 @@ TEST(ErrorTest, CommentsBeforeTheErrorAreKept) {
     EXPECT_TRUE(source.values().empty());
 }
 
-TEST(ErrorTest, AnErrorInPartOfATextCountsInTheWhole) {
+TEST(ErrorTest, TheBytesOfAnErrorInAPartCountFromTheBeginningOfTheText) {
     const Source source("path = [1, ] # end", 7, 12);
     ASSERT_TRUE(source.error());
     EXPECT_EQ(source.error()->byte, 11U);
     EXPECT_EQ(source.error()->hint, "remove the comma before this bracket");
 }
 
-TEST(ErrorTest, APartEndsWhereItIsSaidTo) {
+TEST(ErrorTest, APartEndsAtItsEnd) {
     const Source source("[1, 2]", 0, 5);
     ASSERT_TRUE(source.error());
     EXPECT_EQ(source.error()->byte, 5U);

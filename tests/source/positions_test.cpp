@@ -47,7 +47,7 @@ TEST(PositionTest, ALineEndBelongsToItsLine) {
     EXPECT_EQ(positionsIn("\n\n"), "1:1 2:1 3:1");
 }
 
-TEST(PositionTest, ACarriageReturnAloneEndsNoLine) {
+TEST(PositionTest, ALoneCarriageReturnEndsNoLine) {
     EXPECT_EQ(positionsIn("a\rb"), "1:1 1:2 1:3 1:4");
     EXPECT_EQ(positionsIn("\r\r\n"), "1:1 1:2 1:3 2:1");
 }
@@ -65,7 +65,7 @@ TEST(PositionTest, ACodePointIsOneColumn) {
     EXPECT_EQ(positionsIn("\ue000\ud7ff"), "1:1 1:1 1:1 1:2 1:2 1:2 1:3");
 }
 
-TEST(PositionTest, AByteThatIsNoUtf8IsOneColumn) {
+TEST(PositionTest, AByteThatIsNotUtf8IsOneColumn) {
     EXPECT_EQ(positionsIn("\xff!"), "1:1 1:2 1:3");
     EXPECT_EQ(positionsIn("\x80\x80"), "1:1 1:2 1:3") << "continuations of nothing";
     EXPECT_EQ(positionsIn("\xc3!"), "1:1 1:2 1:3") << "cut off";
@@ -91,7 +91,7 @@ TEST(PositionTest, FindsALineAmongMany) {
     EXPECT_EQ(source.position(2000).line, 1001U);
 }
 
-TEST(LinesTest, AreThoseBeforeAndBehindEachLineEnd) {
+TEST(LinesTest, AreSeparatedByLineEnds) {
     EXPECT_EQ(linesOf(""), Lines({""}));
     EXPECT_EQ(linesOf("{}"), Lines({"{}"}));
     EXPECT_EQ(linesOf("{}\n"), Lines({"{}", ""}));
@@ -99,11 +99,11 @@ TEST(LinesTest, AreThoseBeforeAndBehindEachLineEnd) {
     EXPECT_EQ(linesOf("\n{\n}"), Lines({"", "{", "}"}));
 }
 
-TEST(LinesTest, LoseOneCarriageReturnBeforeALineFeed) {
+TEST(LinesTest, ExcludeOneCarriageReturnBeforeALineFeed) {
     EXPECT_EQ(linesOf("a\r\r\nb\rc\n\r"), Lines({"a\r", "b\rc", "\r"}));
 }
 
-TEST(LinesTest, CountInTheWholeTextWhateverPartIsScanned) {
+TEST(LinesTest, CountFromTheBeginningOfTheTextWhateverPartIsScanned) {
     const Source source("a\n[1]\nb", 2, 5);
     EXPECT_EQ(source.lineCount(), 3U);
     EXPECT_EQ(source.line(2), "[1]");

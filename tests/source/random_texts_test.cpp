@@ -1,5 +1,4 @@
-// Texts that nobody thought of: documents made up at random, and the same with
-// mistakes. The seed is fixed: every run sees the same texts.
+// Random documents, and the same documents with mistakes. The seed is fixed: every run sees the same texts.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -133,8 +132,8 @@ private:
         const size_t first = below(cut + 1);
         const std::string before = text->substr(first, cut - first);
         const size_t length = below(8);
-        const std::string behind = text->substr(cut, length);
-        text->replace(first, before.size() + behind.size(), behind + before);
+        const std::string after = text->substr(cut, length);
+        text->replace(first, before.size() + after.size(), after + before);
     }
 
     std::mt19937 mNumbers;
@@ -149,7 +148,7 @@ TEST(RandomTextsTest, DocumentsAreReadAsJson11ReadsThem) {
     }
 }
 
-TEST(RandomTextsTest, MistakesAreFoundWhereJson11FindsSome) {
+TEST(RandomTextsTest, MistakesAreErrorsIfTheyAreErrorsForJson11) {
     RandomTexts texts(2);
     int wrong = 0;
     for (int i = 0; i < 16000; ++i) {
@@ -161,7 +160,7 @@ TEST(RandomTextsTest, MistakesAreFoundWhereJson11FindsSome) {
     EXPECT_LT(wrong, 15000) << "not all of them do";
 }
 
-TEST(RandomTextsTest, TokensInAnyOrderAreHeldAgainstJson11) {
+TEST(RandomTextsTest, TokensInAnyOrderAreReadAsJson11ReadsThem) {
     std::mt19937 numbers(3);
     for (int i = 0; i < 8000; ++i) {
         std::string text;

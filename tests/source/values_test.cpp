@@ -1,4 +1,4 @@
-// What a source has of keys, values and comments.
+// The keys, values and comments of a source.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -32,7 +32,7 @@ std::string partOf(const Source& source, Span span) {
 }
 
 // Every value in the order of the text: its pointer and kind, then the bytes
-// and the text of the key and of the value. "over" where another counts.
+// and the text of the key and of the value. "over" if it is overridden.
 std::string valuesIn(const Source& source) {
     const auto part = [&source](Span span) {
         return std::to_string(span.begin) + "-" + std::to_string(span.end) + " " +
@@ -52,7 +52,7 @@ std::string valuesIn(const Source& source) {
 std::vector<std::string> keysOf(const Value& object) {
     std::vector<std::string> keys;
     for (const Value* child : object.children) {
-        keys.push_back(child->key);
+        keys.emplace_back(child->key);
     }
     return keys;
 }
@@ -69,7 +69,7 @@ std::vector<std::string> commentsIn(const std::string& text) {
 std::string decoded(const std::string& string) {
     const Source source(string);
     EXPECT_FALSE(source.error()) << string;
-    return source.root() != nullptr ? source.root()->text : "";
+    return source.root() != nullptr ? std::string(source.root()->text) : "";
 }
 
 double numberOf(const std::string& number) {
@@ -80,9 +80,9 @@ double numberOf(const std::string& number) {
 
 using Texts = std::vector<std::string>;
 
-// ---- Places -----------------------------------------------------------------
+// ---- Spans ------------------------------------------------------------------
 
-TEST(ValuesTest, StandInTheOrderOfTheTextWithTheirPlaces) {
+TEST(ValuesTest, AreInTheOrderOfTheTextWithTheirSpans) {
     EXPECT_EQ(valuesIn(Source(R"({"pipe_0": {"on" : true, "ids":[7,-1.5], "x": null}})")), R"(
 '' is an object, value 0-52 {"pipe_0": {"on" : true, "ids":[7,-1.5], "x": null}}
 '/pipe_0' is an object, key 1-9 "pipe_0", value 11-51 {"on" : true, "ids":[7,-1.5], "x": null}
@@ -109,14 +109,14 @@ TEST(ValuesTest, CommentsBetweenTokensArePartOfNoValue) {
 )");
 }
 
-TEST(ValuesTest, APartOfATextKeepsItsPlaces) {
+TEST(ValuesTest, SpansInAPartCountFromTheBeginningOfTheText) {
     EXPECT_EQ(valuesIn(Source("x = [1]; y", 4, 7)), R"(
 '' is an array, value 4-7 [1]
 '/0' is a number, value 5-6 1
 )");
 }
 
-TEST(ValuesTest, APartBeginsAndEndsWithinAToken) {
+TEST(ValuesTest, APartMayBeginAndEndWithinAToken) {
     EXPECT_EQ(numberOf("[12345678901]"), 0) << "an array has no number";
     EXPECT_EQ(rootOf(Source("12345678901234", 1, 11)).number, 2345678901.0);
     EXPECT_EQ(rootOf(Source("[truefalse]", 1, 5)).kind, ValueKind::Bool);
@@ -142,7 +142,7 @@ TEST(StringsTest, TwoSurrogatesAreOneCodePoint) {
     EXPECT_EQ(decoded(R"("\ud83d\ud83d\udeaa")"), "\xed\xa0\xbd🚪");
 }
 
-TEST(StringsTest, ASurrogateAloneIsThreeBytes) {
+TEST(StringsTest, ALoneSurrogateIsThreeBytes) {
     EXPECT_EQ(decoded(R"("\ud83d")"), "\xed\xa0\xbd");
     EXPECT_EQ(decoded(R"("\udeaa\ud83d")"), "\xed\xba\xaa\xed\xa0\xbd");
     EXPECT_EQ(decoded(R"("\ud83d \udeaa")"), "\xed\xa0\xbd \xed\xba\xaa");
@@ -150,10 +150,10 @@ TEST(StringsTest, ASurrogateAloneIsThreeBytes) {
     EXPECT_EQ(decoded(R"("\ud83d\u0041")"), "\xed\xa0\xbd\x41");
 }
 
-TEST(StringsTest, KeysAreDecodedAsWell) {
+TEST(StringsTest, KeysAreAlsoDecoded) {
     const Source source(R"({"\u0061\n": 1})");
-    EXPECT_EQ(rootOf(source).children.at(0)->key, "a\n");
-    EXPECT_EQ(partOf(source, rootOf(source).children.at(0)->keySpan), R"("\u0061\n")");
+    EXPECT_EQ(rootOf(source).children[0]->key, "a\n");
+    EXPECT_EQ(partOf(source, rootOf(source).children[0]->keySpan), R"("\u0061\n")");
 }
 
 // ---- Numbers ----------------------------------------------------------------
@@ -180,7 +180,7 @@ TEST(NumbersTest, AShortIntegerHasNoNegativeZero) {
 
 // ---- Members ----------------------------------------------------------------
 
-TEST(MembersTest, StandInTheByteOrderOfTheirKeys) {
+TEST(MembersTest, AreInTheByteOrderOfTheirKeys) {
     const Source source(R"({"node_2": 1, "node_10": 1, "é": 1, "": 1, "node": 1, "~": 1})");
     EXPECT_EQ(keysOf(rootOf(source)), Texts({"", "node", "node_10", "node_2", "~", "é"}));
 }
@@ -196,13 +196,13 @@ TEST(MembersTest, AreFoundByTheirKey) {
     EXPECT_EQ(rootOf(source).member("c"), nullptr);
 }
 
-TEST(MembersTest, ElementsAreNone) {
+TEST(MembersTest, ElementsAreNotMembers) {
     EXPECT_EQ(rootOf(Source("[1]")).member(""), nullptr);
     EXPECT_EQ(rootOf(Source("\"a\"")).member("a"), nullptr);
     EXPECT_EQ(rootOf(Source("{}")).member("a"), nullptr);
 }
 
-TEST(MembersTest, TheLastOfOneKeyCounts) {
+TEST(MembersTest, TheLastOfSeveralWithTheSameKeyWins) {
     const Source source(R"({"a": 1, "b": 2, "\u0061": {"a": 3}, "a": 4})");
     EXPECT_EQ(valuesIn(source), R"(
 '' is an object, value 0-44 {"a": 1, "b": 2, "\u0061": {"a": 3}, "a": 4}
@@ -216,7 +216,7 @@ TEST(MembersTest, TheLastOfOneKeyCounts) {
     EXPECT_EQ(rootOf(source).member("a")->number, 4);
 }
 
-TEST(MembersTest, AnOverriddenOneLeadsToTheNext) {
+TEST(MembersTest, AnOverriddenMemberRefersToTheNext) {
     const Source source(R"({"a": 1, "a": 2, "a": 3})");
     const Value& first = source.values()[1];
     ASSERT_NE(first.overriddenBy, nullptr);
@@ -226,14 +226,14 @@ TEST(MembersTest, AnOverriddenOneLeadsToTheNext) {
     EXPECT_EQ(rootOf(source).member("a")->overriddenBy, nullptr);
 }
 
-TEST(MembersTest, EqualKeysOfDifferentObjectsHaveNothingToDoWithEachOther) {
+TEST(MembersTest, EqualKeysOfDifferentObjectsAreIndependent) {
     const Source source(R"([{"a": 1}, {"a": 2}])");
     for (const Value& value : source.values()) {
         EXPECT_EQ(value.overriddenBy, nullptr);
     }
 }
 
-TEST(MembersTest, ManyOfOneKeyAreAChain) {
+TEST(MembersTest, ManyMembersWithTheSameKeyFormAChain) {
     std::string text = "{";
     for (int i = 0; i < 10000; ++i) {
         text += "\"a\": " + std::to_string(i) + ", ";
@@ -265,22 +265,22 @@ TEST(PointersTest, CountElementsFromZero) {
     EXPECT_EQ(pointerTo(source.values().back()), "/11/a/1");
 }
 
-TEST(PointersTest, HoldTheBytesOfTheKey) {
+TEST(PointersTest, ContainTheBytesOfTheKey) {
     EXPECT_EQ(pointerTo(Source("{\"\xff\\u0000\": 1}").values().back()), "/\xff\0"s);
 }
 
 // ---- Comments ---------------------------------------------------------------
 
-TEST(CommentsTest, AreKeptInOrderWithoutALinesEnd) {
+TEST(CommentsTest, AreInOrderWithoutTheEndOfTheLine) {
     EXPECT_EQ(commentsIn("// a\n/* b\n */ [ /**/ 1, //c\r\n2 ]//"),
               Texts({"// a", "/* b\n */", "/**/", "//c", "//"}));
 }
 
-TEST(CommentsTest, KeepACarriageReturnThatEndsNoLine) {
+TEST(CommentsTest, IncludeACarriageReturnThatEndsNoLine) {
     EXPECT_EQ(commentsIn("// a\rb\r\r\n1 // c\r"), Texts({"// a\rb\r", "// c\r"}));
 }
 
-TEST(CommentsTest, StandInNoString) {
+TEST(CommentsTest, DoNotBeginInAString) {
     EXPECT_EQ(commentsIn(R"({"// a": "/* b */"})"), Texts());
 }
 
@@ -295,9 +295,9 @@ TEST(KindsTest, HaveNames) {
     EXPECT_STREQ(toText(ValueKind::Object), "an object");
 }
 
-TEST(KindsTest, AreAskedFor) {
+TEST(KindsTest, CanBeTested) {
     const Source source("[{}, \"\", 0, null]");
-    const std::vector<const Value*>& children = rootOf(source).children;
+    const auto children = rootOf(source).children;
     EXPECT_TRUE(children[0]->isObject() && children[1]->isString() && children[2]->isNumber());
     EXPECT_FALSE(children[3]->isObject() || children[3]->isString() || children[3]->isNumber());
 }

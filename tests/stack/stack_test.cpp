@@ -1,5 +1,5 @@
-// The stack that the parser needs for the deepest text that it loads, all of
-// its queries, and setting a node up.
+// The stack that the parser needs to load the deepest possible text, run all
+// queries, and set up a node.
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <sys/mman.h>
@@ -20,7 +20,7 @@ namespace {
 
 const size_t KIB = 1024;
 
-// The deepest nesting that json11 takes.
+// The deepest nesting that json11 accepts.
 const int DEEPEST = 201;
 
 std::string deepestText() {
@@ -57,7 +57,7 @@ void useAll(const QVGraphParser& parser) {
     parser.initTaskNode(&graph, 0, 0, owner.info());
 }
 
-// The work of one thread: true when all went as it should.
+// The work of one thread; returns whether it succeeded.
 void* work(void* ok) {
     QVGraphParser parser;
     const bool deepest = parser.parseConfigText(deepestText().c_str()) == 0;
@@ -83,7 +83,7 @@ public:
     Stack(const Stack&) = delete;
     Stack& operator=(const Stack&) = delete;
 
-    // Runs the work on this stack. Returns whether it went as it should.
+    // Runs the work on this stack. Returns whether it succeeded.
     bool run() {
         bool ok = false;
         pthread_attr_t attributes;
@@ -96,7 +96,7 @@ public:
         return ok;
     }
 
-    // The bytes from its top to the lowest that was written.
+    // The number of bytes from the top to the lowest byte that was written.
     size_t used() const {
         const unsigned char* const end = mMemory + mSize;
         const unsigned char* const lowest =
@@ -131,7 +131,7 @@ TEST_F(StackTest, FitsASmallThread) {
     RecordProperty("bytes", static_cast<int>(large.used()));
     printf("stack used: %zu bytes, the thread's own data included\n", large.used());
 #if defined(__OPTIMIZE__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
-    // Half the size of a pointer halves most of json11's frames.
+    // With pointers of half the size, most of json11's frames are half as large.
     const size_t small = sizeof(void*) == 4 ? 64 * KIB : 128 * KIB;
     EXPECT_LT(large.used(), small);
     Stack tight(small);

@@ -1,4 +1,4 @@
-// What a process that aborts leaves on standard error.
+// The output of a process that aborts.
 #ifndef QVGRAPH_TESTS_SUPPORT_ABORTS_H_
 #define QVGRAPH_TESTS_SUPPORT_ABORTS_H_
 
@@ -6,8 +6,8 @@
 
 #include <string>
 
-// Matches exactly what the regular expression does; where the test runs in an
-// emulator, with what that has to say of the signal.
+// Matches the regular expression exactly. If the test runs in an emulator, the
+// emulator's own message about the signal may follow.
 inline auto standardErrorIs(const std::string& regex) {
     return testing::MatchesRegex(regex +
                                  "(qemu: uncaught target signal 6 \\(Aborted\\) - core dumped\n)?");

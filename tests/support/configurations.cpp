@@ -24,7 +24,7 @@ const Texts OPTION_VALUES = {"25",
 // Names of classes that are not registered.
 const Texts CLASSES = {"Camera", "Filter", "Display", "Camera#front", "Filter#1"};
 
-// What a key may be renamed to.
+// New names for keys.
 const Texts KEYS = {"",
                     "pipe_0",
                     "pipe_7",
@@ -132,7 +132,7 @@ bool isDigit(char letter) {
     return letter >= '0' && letter <= '9';
 }
 
-// With "input" and "output", "_in" and "_out" swapped, where one is in it.
+// The key with "input" and "output", or "_in" and "_out", swapped.
 std::string otherFamily(std::string key) {
     const std::pair<const char*, const char*> swaps[] = {
         {"input", "output"}, {"output", "input"}, {"_in", "_out"}, {"_out", "_in"}};
@@ -141,6 +141,14 @@ std::string otherFamily(std::string key) {
         if (at != std::string::npos) {
             return key.replace(at, std::string(from).size(), to);
         }
+    }
+    return key;
+}
+
+// "node" for "node_12".
+std::string withoutNumber(std::string key) {
+    while (!key.empty() && (isDigit(key.back()) || key.back() == '_')) {
+        key.pop_back();
     }
     return key;
 }
@@ -166,7 +174,7 @@ RandomConfigurations::RandomConfigurations(unsigned seed,
                                            std::vector<std::string> failing)
     : mNumbers(seed), mSized(std::move(sized)), mFailing(std::move(failing)) {}
 
-ConfigurationMember& RandomConfigurations::Place::member() const {
+ConfigurationMember& RandomConfigurations::Position::member() const {
     return object->members[index];
 }
 
@@ -174,7 +182,7 @@ const std::string& RandomConfigurations::oneOf(const Texts& texts) {
     return texts[below(texts.size())];
 }
 
-// ---- sound ones -------------------------------------------------------------
+// ---- Correct configurations -------------------------------------------------
 
 void RandomConfigurations::addOptions(ConfigurationTree* object) {
     for (const std::string& key : OPTION_KEYS) {
@@ -184,8 +192,8 @@ void RandomConfigurations::addOptions(ConfigurationTree* object) {
     }
 }
 
-// Outputs give streams of their own, s0, s1 and so on; inputs take any of those
-// that will be given. The format of a stream is f0 or f1, by its number.
+// Each output produces a new stream, s0, s1 and so on; an input consumes any stream
+// that has been produced. The format of a stream is f0 or f1, by its number.
 void RandomConfigurations::addStreams(size_t number,
                                       bool isInput,
                                       ConfigurationTree* streamOptions) {
@@ -269,34 +277,35 @@ ConfigurationTree RandomConfigurations::sound() {
     return root;
 }
 
-// ---- mistakes ---------------------------------------------------------------
+// ---- Mistakes ---------------------------------------------------------------
 
-std::vector<RandomConfigurations::Place> RandomConfigurations::placesIn(ConfigurationTree* tree) {
-    std::vector<Place> places;
+std::vector<RandomConfigurations::Position> RandomConfigurations::positionsIn(
+    ConfigurationTree* tree) {
+    std::vector<Position> positions;
     std::vector<ConfigurationTree*> waiting = {tree};
     while (!waiting.empty()) {
         ConfigurationTree* object = waiting.back();
         waiting.pop_back();
         for (size_t i = 0; i < object->members.size(); ++i) {
-            places.push_back({object, i});
+            positions.push_back({object, i});
             waiting.push_back(&object->members[i].value);
         }
     }
-    return places;
+    return positions;
 }
 
-void RandomConfigurations::erase(const Place& place) {
-    std::vector<ConfigurationMember>& members = place.object->members;
-    members.erase(members.begin() + static_cast<std::ptrdiff_t>(place.index));
+void RandomConfigurations::erase(const Position& position) {
+    std::vector<ConfigurationMember>& members = position.object->members;
+    members.erase(members.begin() + static_cast<std::ptrdiff_t>(position.index));
 }
 
-// A copy of a member anywhere.
+// A copy of any member.
 ConfigurationMember RandomConfigurations::anyMember(ConfigurationTree* tree) {
-    const std::vector<Place> places = placesIn(tree);
-    return places[below(places.size())].member();
+    const std::vector<Position> positions = positionsIn(tree);
+    return positions[below(positions.size())].member();
 }
 
-// With one letter left out, doubled, swapped with the next, or in upper case.
+// The key with one letter omitted, doubled, swapped with the next, or in upper case.
 std::string RandomConfigurations::mistyped(std::string key) {
     if (key.empty()) {
         return "x";
@@ -324,19 +333,15 @@ std::string RandomConfigurations::renamed(const std::string& key) {
             return oneOf(KEYS);
         case 1:
             return otherFamily(key);
-        case 2: {
-            std::string other = key;
-            while (!other.empty() && (isDigit(other.back()) || other.back() == '_')) {
-                other.pop_back();
-            }
-            return below(2) == 0 ? other : other + '_' + std::to_string(below(12));
-        }
+        case 2:
+            return below(2) == 0 ? withoutNumber(key)
+                                 : withoutNumber(key) + '_' + std::to_string(below(12));
         default:
             return mistyped(key);
     }
 }
 
-// The name of a class that is not as many nodes need it.
+// The name of a class that does not fit most nodes.
 std::string RandomConfigurations::otherClass() {
     const size_t at = below(mSized.size() + mFailing.size());
     return at < mSized.size() ? mSized[at].name : mFailing[at - mSized.size()];
@@ -350,32 +355,33 @@ ConfigurationTree RandomConfigurations::otherValue(const std::string& key) {
     return scalar(oneOf(VALUES));
 }
 
-// Into an object anywhere, which may be its own.
-void RandomConfigurations::moveMember(const Place& place, ConfigurationTree* tree) {
-    const ConfigurationMember moved = place.member();
-    erase(place);
-    const std::vector<Place> places = placesIn(tree);
-    ConfigurationTree* target = places.empty() ? tree : places[below(places.size())].object;
+// Moves a member into any object, possibly its own.
+void RandomConfigurations::moveMember(const Position& position, ConfigurationTree* tree) {
+    const ConfigurationMember moved = position.member();
+    erase(position);
+    const std::vector<Position> positions = positionsIn(tree);
+    ConfigurationTree* target =
+        positions.empty() ? tree : positions[below(positions.size())].object;
     addMember(moved.key, moved.value, target);
 }
 
-void RandomConfigurations::spoilMember(const Place& place, ConfigurationTree* tree) {
-    ConfigurationMember& member = place.member();
+void RandomConfigurations::spoilMember(const Position& position, ConfigurationTree* tree) {
+    ConfigurationMember& member = position.member();
     switch (below(6)) {
         case 0:
-            erase(place);
+            erase(position);
             break;
         case 1:
             member.key = renamed(member.key);
             break;
         case 2:
-            addMember(member.key, otherValue(member.key), place.object);
+            addMember(member.key, otherValue(member.key), position.object);
             break;
         case 3:
             member.value = otherValue(member.key);
             break;
         case 4:
-            moveMember(place, tree);
+            moveMember(position, tree);
             break;
         default:
             member.value = anyMember(tree).value;
@@ -384,9 +390,9 @@ void RandomConfigurations::spoilMember(const Place& place, ConfigurationTree* tr
 }
 
 void RandomConfigurations::spoil(ConfigurationTree* tree) {
-    const std::vector<Place> places = placesIn(tree);
-    if (!places.empty()) {
-        spoilMember(places[below(places.size())], tree);
+    const std::vector<Position> positions = positionsIn(tree);
+    if (!positions.empty()) {
+        spoilMember(positions[below(positions.size())], tree);
     }
 }
 

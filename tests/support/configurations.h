@@ -1,5 +1,5 @@
-// Configurations made up at random: sound ones, and the same with mistakes as
-// people make them. A seed always leads to the same ones, on every machine.
+// Random configurations: correct ones, and the same with mistakes that authors
+// make. The same seed generates the same ones on every machine.
 //
 //   RandomConfigurations random(seed);
 //   ConfigurationTree tree = random.sound();
@@ -15,23 +15,23 @@
 
 struct ConfigurationMember;
 
-// A configuration as it is written: members have an order, keys may be there
+// A configuration as an author writes it: members have an order, keys may appear
 // twice, and numbers keep their digits.
 struct ConfigurationTree {
     bool isObject = true;
-    std::string scalar;                        // of what is no object: its JSON text
-    std::vector<ConfigurationMember> members;  // of an object
+    std::string scalar;                        // the JSON text of a value that is not an object
+    std::vector<ConfigurationMember> members;  // the members of an object
 };
 
 struct ConfigurationMember {
-    std::string key;  // may hold a NUL, but nothing else that needs an escape
+    std::string key;  // may contain a NUL, but no other character that needs an escape
     ConfigurationTree value;
 };
 
-// The JSON text of a tree, a line for each member.
+// The JSON text of a tree, with one line per member.
 std::string textOf(const ConfigurationTree& tree);
 
-// Whether some object has one key twice.
+// Whether an object has the same key twice.
 bool hasDuplicates(const ConfigurationTree& tree);
 
 // A node class with a fixed number of streams.
@@ -43,27 +43,27 @@ struct SizedClass {
 
 class RandomConfigurations {
 public:
-    // Sound nodes may be of the sized classes, spoiled ones also of the failing.
+    // Nodes may be of the sized classes; mistakes also use the failing classes.
     explicit RandomConfigurations(unsigned seed,
                                   std::vector<SizedClass> sized = {},
                                   std::vector<std::string> failing = {});
 
     // Pipes with nodes that have up to three inputs and outputs, executors and
-    // links, and options of every type. Every stream that is taken is given in
-    // the same pipe, with one format.
+    // links, and options of every type. Every stream that a node consumes has a
+    // producer in the same pipe, with the same format.
     ConfigurationTree sound();
 
     // Makes one mistake somewhere.
     void spoil(ConfigurationTree* tree);
 
-    // Brings the members of every object into another order.
+    // Shuffles the members of every object.
     void shuffle(ConfigurationTree* tree);
 
     size_t below(size_t limit) { return mNumbers() % limit; }
 
 private:
-    // A member, with the object that it stands in.
-    struct Place {
+    // A member of an object, by its index.
+    struct Position {
         ConfigurationTree* object;
         size_t index;
 
@@ -77,20 +77,20 @@ private:
     ConfigurationTree node();
     ConfigurationTree pipe();
 
-    static std::vector<Place> placesIn(ConfigurationTree* tree);
+    static std::vector<Position> positionsIn(ConfigurationTree* tree);
     std::string mistyped(std::string key);
     std::string renamed(const std::string& key);
     std::string otherClass();
     ConfigurationTree otherValue(const std::string& key);
-    static void erase(const Place& place);
+    static void erase(const Position& position);
     ConfigurationMember anyMember(ConfigurationTree* tree);
-    void spoilMember(const Place& place, ConfigurationTree* tree);
-    void moveMember(const Place& place, ConfigurationTree* tree);
+    void spoilMember(const Position& position, ConfigurationTree* tree);
+    void moveMember(const Position& position, ConfigurationTree* tree);
 
     std::mt19937 mNumbers;
     std::vector<SizedClass> mSized;
     std::vector<std::string> mFailing;
-    size_t mStreams = 0;  // given so far in the pipe that is made
+    size_t mStreams = 0;  // produced so far in the present pipe
 };
 
 #endif  // QVGRAPH_TESTS_SUPPORT_CONFIGURATIONS_H_

@@ -1,5 +1,7 @@
 #include "tests/support/counted_allocations.h"
 
+#include <malloc.h>
+
 #include <cstddef>
 #include <cstdlib>
 #include <new>
@@ -7,6 +9,11 @@
 CountedAllocations allocations;
 
 namespace {
+
+// The heap stores the size of each block in front of the block.
+size_t bytesOf(void* memory) {
+    return malloc_usable_size(memory) + sizeof(size_t);
+}
 
 void* allocate(size_t size) {
     if (allocations.untilFailure == 0) {
@@ -28,12 +35,19 @@ void* allocate(size_t size) {
     if (size > allocations.largest) {
         allocations.largest = size;
     }
+    const size_t inUse = allocations.inUse += bytesOf(memory);
+    if (inUse > allocations.peak) {
+        allocations.peak = inUse;
+    }
     return memory;
 }
 
 void release(void* memory) {
-    allocations.living -= memory != nullptr ? 1 : 0;
-    free(memory);
+    if (memory != nullptr) {
+        --allocations.living;
+        allocations.inUse -= bytesOf(memory);
+        free(memory);
+    }
 }
 
 }  // namespace
@@ -57,7 +71,7 @@ void operator delete[](void* memory, size_t /*size*/) noexcept {
     release(memory);
 }
 
-// Memory resources ask for an alignment, if only for the usual one.
+// Memory resources request an alignment, even if it is the default one.
 void* operator new(size_t size, std::align_val_t alignment) {
     if (static_cast<size_t>(alignment) > alignof(std::max_align_t)) {
         abort();

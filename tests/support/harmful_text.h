@@ -1,5 +1,5 @@
-// Text that would steer a terminal or add lines if it reached one as it is, and
-// a configuration that has it in every key and value.
+// Text that would control a terminal or add lines if it was written raw, and a
+// configuration that contains it in every key and value.
 #ifndef QVGRAPH_TESTS_SUPPORT_HARMFUL_TEXT_H_
 #define QVGRAPH_TESTS_SUPPORT_HARMFUL_TEXT_H_
 
@@ -8,15 +8,15 @@
 #include <string>
 
 // ESC, CR, LF, tab, DEL, C1 control characters, and bytes that are not UTF-8,
-// as they stand in a JSON string.
+// as they appear in a JSON string.
 inline const char* const HARMFUL =
     "\\u001b[2J\\r\\n\\t\\b\\u007f\\u009b31m\\u0085\\u2028\x7f\xc2\x9b\x9b\xff";
 
-// As wide as the desk shows that, so that lines are broken at the same places.
+// As wide as the host prints HARMFUL, so that line breaks are at the same columns.
 inline const std::string HARMLESS(54, 'Q');
 
-// Every outcome that a node may have, and every kind of option, with `filler`
-// wherever the text can have any.
+// A configuration with every outcome of a node and every kind of option, and with
+// `filler` in every string.
 inline std::string fullOf(const std::string& filler) {
     std::string text = R"({
         "pipe_0": {
@@ -49,22 +49,22 @@ inline std::string fullOf(const std::string& filler) {
     return text;
 }
 
-// How many bytes are to follow this one in UTF-8.
+// The number of continuation bytes that follow this byte in UTF-8.
 inline unsigned continuationsOf(unsigned byte) {
     return (byte >= 0xc0 ? 1U : 0U) + (byte >= 0xe0 ? 1U : 0U) + (byte >= 0xf0 ? 1U : 0U);
 }
 
-// C0 but a newline, DEL, or C1, whose UTF-8 begins with the byte before.
+// C0 except a newline, DEL, or the second byte of C1 in UTF-8.
 inline bool isControl(unsigned before, unsigned byte) {
     return (byte < 0x20 && byte != '\n') || byte == 0x7f ||
            (before == 0xc2 && byte >= 0x80 && byte < 0xa0);
 }
 
-// What in `text` is no line of printable UTF-8, byte by byte; empty when
-// nothing is.
+// The bytes of `text` that are not part of printable lines of UTF-8, in hexadecimal;
+// empty if there are none.
 inline std::string harmIn(const std::string& text) {
     std::string harm;
-    unsigned expected = 0;  // bytes that are to go on with a character
+    unsigned expected = 0;  // continuation bytes of the present character
     unsigned before = 0;
     for (const char character : text) {
         const unsigned c = static_cast<unsigned char>(character);

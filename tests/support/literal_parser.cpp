@@ -28,7 +28,7 @@ bool startsWith(const std::string& text, const std::string& start) {
     return text.find(start) == 0;
 }
 
-// The keys of the family, in the order in which indexes count.
+// The keys that start with `tag`, in the order of their indexes.
 std::vector<std::string> familyOf(const Json& object, const std::string& tag) {
     std::vector<std::string> keys;
     for (const auto& member : object.object_items()) {
@@ -52,7 +52,7 @@ int saturated(long double value) {
     return static_cast<int>(value);
 }
 
-// The number at the start of a text: blanks, a sign, digits.
+// The number at the start of a string: white space, a sign, digits.
 int leadingInteger(const std::string& text) {
     size_t at = text.find_first_not_of(" \t\n\v\f\r");
     if (at == std::string::npos) {
@@ -72,6 +72,16 @@ int leadingInteger(const std::string& text) {
 // `text` up to its first NUL.
 std::string upToNul(const std::string& text) {
     return text.substr(0, text.find('\0'));
+}
+
+// With ASCII letters in lower case.
+std::string lowered(std::string key) {
+    for (char& c : key) {
+        if (c >= 'A' && c <= 'Z') {
+            c = static_cast<char>(c - 'A' + 'a');
+        }
+    }
+    return key;
 }
 
 }  // namespace
@@ -211,12 +221,7 @@ int LiteralParser::getLinkIDByIndex(int pipe, int index) const {
 int LiteralParser::getThreadNum(int pipe) const {
     const Json options = pipeAt(pipe)["thread_opts"];
     for (const auto& member : options.object_items()) {
-        std::string key = upToNul(member.first);
-        for (char& c : key) {
-            if (c >= 'A' && c <= 'Z') {
-                c = static_cast<char>(c - 'A' + 'a');
-            }
-        }
+        const std::string key = lowered(upToNul(member.first));
         if (key == "exec_thread_num" && member.second.is_number()) {
             return saturated(static_cast<long double>(member.second.number_value()));
         }
@@ -240,14 +245,14 @@ std::string LiteralParser::getDefaultLinkMode(int pipe) const {
 
 namespace {
 
-// The parts of an option string before its first colon, and between that and
-// the next.
+// The part of an option string before its first colon, and the part from there to
+// the next colon.
 struct Typed {
     std::string type;
     std::string value;
 };
 
-// Nothing is read of a text that begins with a colon.
+// Both parts are empty if the string starts with a colon.
 Typed split(const std::string& text) {
     if (startsWith(text, ":")) {
         return {};
@@ -346,9 +351,9 @@ int LiteralParser::syncLinkOptions(QvMetaData* meta, int pipe, int linkId) const
 
 namespace {
 
-// What the two ends of a stream have in common, and where they differ.
+// The names that set-up uses for inputs, or for outputs.
 struct Side {
-    std::string name;  // key of an only stream's name
+    std::string name;  // key of the stream's name, if the node has only one stream
     std::string format;
     const char* onlyAssertion;
     const char* indexedAssertion;
@@ -368,7 +373,7 @@ struct Stream {
     const char* format;
 };
 
-// One node on its way.
+// The set-up of one node.
 struct SetUp {
     const LiteralParser& parser;
     QVTaskGraphConfig* config;
@@ -405,7 +410,7 @@ Stream findStream(const SetUp& setUp, const Side& side, size_t count, size_t ind
     return {name, format};
 }
 
-// Whether the graph refused the stream, which is said.
+// Whether the graph has refused the stream; logs it if so.
 bool refused(int id) {
     if (id != -1) {
         return false;
@@ -431,7 +436,7 @@ std::string textOf(const char* format) {
     return format;
 }
 
-// Whether there is a node now.
+// Creates the node. Returns whether there is one.
 bool createNode(const SetUp& setUp) {
     _QVNodeInfo* const info = setUp.info;
     node_proxy_parse_stub_uid(info, setUp.name.c_str());
@@ -458,7 +463,7 @@ bool createNode(const SetUp& setUp) {
     return info->node != nullptr;
 }
 
-// Whether the graph took all of them.
+// Returns whether the graph has accepted all streams.
 bool wireInputs(const SetUp& setUp) {
     const std::vector<QVInputStreamManager*>& managers = setUp.info->inputStreams;
     for (size_t i = 0; i < managers.size(); ++i) {
@@ -492,6 +497,26 @@ bool wireOutputs(const SetUp& setUp) {
     return true;
 }
 
+// Initialises the node, unless it has no streams.
+int initializeNode(const SetUp& setUp) {
+    _QVNodeInfo* const info = setUp.info;
+    if (info->inputStreams.empty() && info->outputStreams.empty()) {
+        qv_log(MODULE,
+               5,
+               TAG,
+               "failed to initialize task node(%s) with none input/output stream manager",
+               "initTaskNode",
+               0,
+               setUp.name.c_str());
+        return -1;
+    }
+    _QVTaskNodeInfo taskInfo;
+    taskInfo.nodeId = setUp.nodeId;
+    taskInfo.nodeName = setUp.name;
+    info->node->initialize(setUp.nodeId, &taskInfo, info->inputStreams, info->outputStreams);
+    return 0;
+}
+
 }  // namespace
 
 int LiteralParser::initTaskNode(QVTaskGraphConfig* config,
@@ -521,19 +546,5 @@ int LiteralParser::initTaskNode(QVTaskGraphConfig* config,
     if (!wireInputs(setUp) || !wireOutputs(setUp)) {
         return 0;
     }
-    if (info->inputStreams.empty() && info->outputStreams.empty()) {
-        qv_log(MODULE,
-               5,
-               TAG,
-               "failed to initialize task node(%s) with none input/output stream manager",
-               "initTaskNode",
-               0,
-               name.c_str());
-        return -1;
-    }
-    _QVTaskNodeInfo told;
-    told.nodeId = nodeId;
-    told.nodeName = name;
-    info->node->initialize(nodeId, &told, info->inputStreams, info->outputStreams);
-    return 0;
+    return initializeNode(setUp);
 }

@@ -1,9 +1,9 @@
-// The parser's contract, written down a second time: as plainly as it can be
-// said, without a thought for speed or size, and sharing no line with graph/.
-// Tests compare the two, call by call.
+// A second implementation of the parser's contract: as simple as possible, without
+// regard to speed or size, and without any code of graph/. The differential tests
+// compare the two, call by call.
 //
-// It has the functions of QVGraphParser and calls the framework as that does.
-// The one difference: its records tell the line 0.
+// LiteralParser has the member functions of QVGraphParser and makes the same calls
+// to the framework. The only difference: the line in its log records is 0.
 #ifndef QVGRAPH_TESTS_SUPPORT_LITERAL_PARSER_H_
 #define QVGRAPH_TESTS_SUPPORT_LITERAL_PARSER_H_
 
@@ -18,7 +18,7 @@ class LiteralParser {
 public:
     int parseConfigText(const char* text);
 
-    // A path leads to a file with a size of its own, to a folder or to nothing.
+    // REQUIRES: `path` is that of a regular file or a directory, or of nothing.
     int parseConfigFile(const char* path);
     int saveConfig(const char* path) const;
     int summary() const;

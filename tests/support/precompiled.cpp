@@ -1,1 +1,1 @@
-// Nothing but the headers that CMake compiles with it.
+// Empty: CMake compiles the precompiled headers with it.

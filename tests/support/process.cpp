@@ -11,46 +11,19 @@
 #include <csignal>
 #include <cstdlib>
 #include <map>
-#include <system_error>
 #include <utility>
+
+#include "cli/descriptor.h"
 
 namespace {
 
+using qvgraph::checked;
+using qvgraph::Descriptor;
 using Kind = ProcessStream::Kind;
 
 const unsigned SECONDS_TO_RUN = 60;
 
-int checked(int result, const char* what) {
-    if (result < 0) {
-        throw std::system_error(errno, std::generic_category(), what);
-    }
-    return result;
-}
-
-// An open file descriptor; -1 when there is none.
-class Descriptor {
-public:
-    Descriptor() = default;
-    explicit Descriptor(int number) : mNumber(number) {}
-    Descriptor(Descriptor&& other) noexcept : mNumber(std::exchange(other.mNumber, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(mNumber, other.mNumber);
-        return *this;
-    }
-    ~Descriptor() { close(); }
-
-    void close() {
-        if (mNumber >= 0) {
-            ::close(std::exchange(mNumber, -1));
-        }
-    }
-    int number() const { return mNumber; }
-
-private:
-    int mNumber = -1;
-};
-
-// A standard stream: what the program has, and what the test has.
+// The two ends of a standard stream.
 struct Ends {
     Descriptor program;
     Descriptor test;
@@ -65,7 +38,7 @@ Ends openPipe(bool programReads) {
                         : Ends{std::move(writing), std::move(reading)};
 }
 
-// The terminal passes on every byte as it is.
+// Opens a pseudo-terminal that passes every byte on unchanged.
 Ends openTerminal() {
     Ends ends;
     ends.test = Descriptor(checked(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC), "posix_openpt"));
@@ -126,24 +99,25 @@ std::vector<char*> pointersTo(std::vector<std::string>* texts) {
     return pointers;
 }
 
-void limit(__rlimit_resource resource, unsigned long most) {
-    if (most > 0) {
-        const rlimit value = {most, most};
+void limit(__rlimit_resource resource, unsigned long maximum) {
+    if (maximum > 0) {
+        const rlimit value = {maximum, maximum};
         setrlimit(resource, &value);
     }
 }
 
-// Closes the stream where there is no descriptor for it.
+// Makes the descriptor the standard stream `stream`; without a descriptor, closes
+// that stream.
 void useAs(int stream, const Descriptor& descriptor) {
-    if (descriptor.number() >= 0) {
+    if (descriptor.isOpen()) {
         dup2(descriptor.number(), stream);
     } else {
         close(stream);
     }
 }
 
-// Everything that the new process needs, made before there is one: behind the
-// fork only plain system calls are safe.
+// Everything that the new process needs, allocated before the fork: after it, only
+// async-signal-safe functions may be called.
 struct Launch {
     explicit Launch(const ProcessRequest& processRequest)
         : request(processRequest),
@@ -181,7 +155,8 @@ struct Launch {
     Ends err;
 };
 
-// Takes what is there. A terminal whose program has ended reads as an error.
+// Reads what is available. Reading from a terminal whose program has ended is an
+// error, which is treated as the end.
 void readSome(Descriptor* from, std::string* text) {
     char chunk[65536];
     const ssize_t size = read(from->number(), chunk, sizeof(chunk));
@@ -192,7 +167,8 @@ void readSome(Descriptor* from, std::string* text) {
     }
 }
 
-// Gives what is left, or as much of it as fits. A program need not read it.
+// Writes the rest of the text, or as much of it as fits. A program need not read
+// its input.
 void writeSome(Descriptor* to, const std::string& text, size_t* written) {
     const ssize_t size = write(to->number(), text.data() + *written, text.size() - *written);
     *written += size > 0 ? static_cast<size_t>(size) : 0;
@@ -201,14 +177,14 @@ void writeSome(Descriptor* to, const std::string& text, size_t* written) {
     }
 }
 
-// Feeds and listens until the program has closed its ends.
+// Writes and reads until the program has closed its outputs.
 void exchange(Launch* launch, ProcessResult* result) {
     size_t written = 0;
-    if (launch->in.test.number() >= 0) {
+    if (launch->in.test.isOpen()) {
         checked(fcntl(launch->in.test.number(), F_SETFL, O_NONBLOCK), "fcntl");
     }
-    while (launch->out.test.number() >= 0 || launch->err.test.number() >= 0) {
-        // A descriptor below 0 is passed over.
+    while (launch->out.test.isOpen() || launch->err.test.isOpen()) {
+        // poll ignores negative descriptors.
         pollfd waiting[] = {{launch->in.test.number(), POLLOUT, 0},
                             {launch->out.test.number(), POLLIN, 0},
                             {launch->err.test.number(), POLLIN, 0}};

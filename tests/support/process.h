@@ -1,17 +1,17 @@
-// Runs a program as a user runs it, and tells what it did.
+// Runs a program as a user runs it, and returns its results.
 #ifndef QVGRAPH_TESTS_SUPPORT_PROCESS_H_
 #define QVGRAPH_TESTS_SUPPORT_PROCESS_H_
 
 #include <string>
 #include <vector>
 
-// What one of the three standard streams of a program is.
+// One of the three standard streams of a program.
 struct ProcessStream {
     enum class Kind {
-        Pipe,      // what is written there is kept
-        Terminal,  // a pseudo-terminal; what is written there is kept
+        Pipe,      // the test receives what the program writes
+        Terminal,  // a pseudo-terminal; the test receives what the program writes
         File,      // the file or device at `path`
-        Closed,    // not open at all
+        Closed,    // not open
     };
     Kind kind = Kind::Pipe;
     std::string path = {};
@@ -20,34 +20,33 @@ struct ProcessStream {
 struct ProcessRequest {
     std::vector<std::string> command;  // the program's path and its arguments
 
-    std::string folder;                           // works there; empty: where the test works
-    std::vector<std::string> environment;         // "NAME=value", beside what the test has
-    std::vector<std::string> withoutEnvironment;  // "NAME"
+    std::string folder;                           // working directory; empty: that of the test
+    std::vector<std::string> environment;         // "NAME=value", added to that of the test
+    std::vector<std::string> withoutEnvironment;  // "NAME", removed from that of the test
 
-    std::string input;  // read from standard input where that is a pipe
+    std::string input;  // of standard input, if that is a pipe
     ProcessStream in;   // a pipe, a file or closed
     ProcessStream out;
     ProcessStream err;
 
-    // No file grows beyond so many bytes: a write there fails. 0: no limit.
+    // Maximum size of a file, in bytes: a write beyond it fails. 0: no limit.
     unsigned long maxFileSize = 0;
 
-    // So much memory at most, in bytes. 0: no limit.
+    // Maximum address space, in bytes. 0: no limit.
     unsigned long maxMemory = 0;
 };
 
 struct ProcessResult {
-    // What the program returned; -1 when a signal ended it, 127 when it could
-    // not be run.
+    // The program's exit code; -1 if a signal ended it, 127 if it could not be
+    // run.
     int exitCode = -1;
-    int signal = 0;  // that ended it, if one did
+    int signal = 0;  // the signal that ended it; 0: none
     std::string out;
     std::string err;
 };
 
-// Waits for the program's end. One that runs for longer than a minute is ended
-// by a signal. Throws std::system_error when the system gives out of what it
-// takes.
+// Waits for the program's end. A signal ends a program that runs for longer than a
+// minute. Throws std::system_error if a system call fails.
 ProcessResult runProcess(const ProcessRequest& request);
 
 #endif  // QVGRAPH_TESTS_SUPPORT_PROCESS_H_

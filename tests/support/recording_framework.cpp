@@ -24,7 +24,7 @@ std::string formatted(const char* format, va_list arguments) {
     return std::string(buffer.data());
 }
 
-// Nine digits tell every float from its neighbours.
+// Nine digits distinguish every float from its neighbours.
 std::string textOf(float value) {
     char buffer[32];
     snprintf(buffer, sizeof(buffer), "%.9g", static_cast<double>(value));
@@ -238,15 +238,15 @@ int RecordingGraph::addOutputStream(std::string name) {
 }
 
 int RecordingGraph::idOf(const std::string& name) {
-    const auto given = ids.find(name);
-    return given != ids.end() ? given->second : nextId++;
+    const auto fixed = ids.find(name);
+    return fixed != ids.end() ? fixed->second : nextId++;
 }
 
 // ---- The framework ----------------------------------------------------------
 
 RecordingFramework::RecordingFramework() {
     if (installed != nullptr) {
-        abort();  // two would share the calls between them
+        abort();  // only one can receive the calls
     }
     installed = this;
 }
@@ -315,7 +315,7 @@ void RecordingFramework::create(_QVNodeInfo* info) {
     }
 }
 
-// ---- Texts ------------------------------------------------------------------
+// ---- Strings ----------------------------------------------------------------
 
 std::string inQuotes(const std::string& text) {
     static const std::map<char, std::string> ESCAPES = {

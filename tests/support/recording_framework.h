@@ -1,5 +1,5 @@
-// A framework for tests: it defines every function that the parser calls, and
-// the classes that a framework derives, and writes each call down as one line.
+// A framework for tests. It defines every function that the parser calls, and the
+// classes that a framework derives, and records each call as one line.
 //
 //   qv_log 6 getItemNum "\033[34m\033[1mitem name=node_0 , \t tag=node_\033[0m"
 //   node_proxy_node_create id=3 in=1 out=0
@@ -7,8 +7,8 @@
 //   graph.addInputStream "raw" -> 100
 //   input0.initialize "raw" 100 3
 //
-// Texts are quoted and escaped as in C++ (anything but ASCII as \xNN). All
-// objects write into one trace, so that the order of calls across them shows.
+// Strings are quoted and escaped as in C++ (bytes outside ASCII as \xNN). All objects
+// record into the same trace, which shows the order of calls across them.
 #ifndef QVGRAPH_TESTS_SUPPORT_RECORDING_FRAMEWORK_H_
 #define QVGRAPH_TESTS_SUPPORT_RECORDING_FRAMEWORK_H_
 
@@ -27,7 +27,7 @@
 
 class RecordingFramework;
 
-// What one call of qv_log or qv_err received.
+// The arguments of one call of qv_log or qv_err.
 struct LogRecord {
     bool fromErr;  // through qv_err
     uint32_t module;
@@ -49,13 +49,13 @@ public:
     int setFloat(const char* key, float value) override;
     int findCString(const char* key, const char** value) override;
 
-    // Whether a key that holds a value keeps it, or takes the new one.
+    // Whether a key that has a value keeps it, or gets the new value.
     bool keepsFirst = false;
 
-    // What findCString returns for a string that it finds.
+    // The result of findCString for a string that it finds.
     int found = 1;
 
-    // Where set, answers findCString in place of the entries.
+    // If set, replaces the lookup of findCString.
     std::function<int(const char* key, const char** value)> onFind;
 
 private:
@@ -77,7 +77,7 @@ public:
     int addInputStream(std::string name) override;
     int addOutputStream(std::string name) override;
 
-    // The ids of these names; -1 refuses one. All others count from 100.
+    // The ids of these names; -1 refuses a name. Other names get ids from 100 on.
     std::map<std::string, int> ids;
 
 private:
@@ -87,7 +87,8 @@ private:
     int nextId = 100;
 };
 
-// While one exists, the functions that the parser calls are its.
+// While a RecordingFramework exists, it receives the calls of the parser. Only one
+// can exist at a time.
 class RecordingFramework {
 public:
     RecordingFramework();
@@ -95,45 +96,45 @@ public:
     RecordingFramework(const RecordingFramework&) = delete;
     RecordingFramework& operator=(const RecordingFramework&) = delete;
 
-    // ---- How it behaves ----------------------------------------------------
+    // ---- Behaviour ---------------------------------------------------------
 
-    // What the node proxy makes of any name.
+    // Whether the node proxy creates a node, and the stream managers of the node.
     bool createsNode = true;
     size_t inputManagers = 0;
     size_t outputManagers = 0;
 
-    // The flag that input managers start with.
+    // The initial value of mRemainNewest of input managers.
     int32_t newestAtStart = 0;
 
-    // What every operation returns whose result the parser ignores.
+    // The result of every operation whose result the parser ignores.
     int ignoredResult = 0;
 
-    // Runs after each call has been written down; what it throws leaves that
-    // call.
+    // Runs after each call has been recorded. Its exceptions propagate to the caller
+    // of that call.
     std::function<void(const std::string& call)> onCall;
 
-    // Writes each record of qv_err to standard error, as
+    // Whether each record of qv_err is also written to standard error, as
     //   18181802 2 QVGraphParser initTaskNode:<line> <text>
     bool errorsToStderr = false;
 
-    // The store of every node that the proxy creates; tests of options use it
-    // by itself.
+    // The store of every node that the proxy creates. Tests of options use it without
+    // a node.
     RecordingStore store{this};
     RecordingGraph graph{this};
 
-    // ---- What it saw -------------------------------------------------------
+    // ---- Recorded calls ----------------------------------------------------
 
-    // Returns all calls since the last take, one a line, with a newline before
-    // the first and after each: the shape of a raw literal.
+    // Returns all calls since the previous takeTrace, one per line, with a newline
+    // before the first and after each: the layout of a raw string literal.
     std::string takeTrace();
 
     std::vector<std::string> calls;
     std::vector<LogRecord> records;
 
-    // Calls of the string and memory helpers, which are in no trace.
+    // Calls of the string and memory helpers, which are not part of the trace.
     std::vector<std::string> helperCalls;
 
-    // ---- For its own parts -------------------------------------------------
+    // ---- For its stores, graphs and managers -------------------------------
 
     void write(const std::string& call);
     int log(LogRecord record);
@@ -150,8 +151,8 @@ private:
 // `text` in double quotes, escaped as in a trace.
 std::string inQuotes(const std::string& text);
 
-// A regular expression for exactly `text`, in which each "<line>" stands for a
-// line number.
+// A regular expression that matches exactly `text`, with any line number in place of
+// each "<line>".
 std::string withAnyLine(const std::string& text);
 
 #endif  // QVGRAPH_TESTS_SUPPORT_RECORDING_FRAMEWORK_H_

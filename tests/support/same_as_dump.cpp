@@ -21,5 +21,5 @@ std::string differenceFromDump(const json11::Json& value) {
     text.resize(std::max<size_t>(text.size(), 16), ' ');
     const std::string expected =
         QV_LOG_BLUE "option: key = key             , opt = " + text + QV_LOG_PLAIN;
-    return recorded == expected ? "" : recorded + ", where dump gives " + expected;
+    return recorded == expected ? "" : recorded + ", but dump returns " + expected;
 }

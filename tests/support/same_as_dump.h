@@ -1,12 +1,12 @@
-// The text of an option in its record, by json11's own dump.
+// Compares the log record of an option with json11's own dump.
 #ifndef QVGRAPH_TESTS_SUPPORT_SAME_AS_DUMP_H_
 #define QVGRAPH_TESTS_SUPPORT_SAME_AS_DUMP_H_
 
 #include <json11.hpp>
 #include <string>
 
-// Has a parser copy an option of that value, and compares its record with the
-// text that Json::dump gives. Returns how they differ; empty when they do not.
+// Lets a parser copy an option with that value, and compares the log record with the
+// result of Json::dump. Returns the difference; empty if there is none.
 std::string differenceFromDump(const json11::Json& value);
 
 #endif  // QVGRAPH_TESTS_SUPPORT_SAME_AS_DUMP_H_

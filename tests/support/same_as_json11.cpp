@@ -20,9 +20,9 @@ std::string partOf(const std::string& text, Span span) {
     return text.substr(span.begin, span.end - span.begin);
 }
 
-// What a complaint is about.
+// The end of a message: the location of the difference.
 std::string at(size_t byte) {
-    return " at the byte " + std::to_string(byte);
+    return " at byte " + std::to_string(byte);
 }
 
 Json::Type typeOf(ValueKind kind) {
@@ -47,8 +47,8 @@ bool isContainer(const Value& value) {
     return value.kind == ValueKind::Object || value.kind == ValueKind::Array;
 }
 
-// Whether a value holds what json11's does, its children aside.
-bool holdsTheSame(const Value& value, const Json& json) {
+// Whether a value has the content of json11's, not comparing its children.
+bool hasSameContent(const Value& value, const Json& json) {
     return json.type() == typeOf(value.kind) && json.string_value() == value.text &&
            json.number_value() == value.number &&
            std::signbit(json.number_value()) == std::signbit(value.number);
@@ -56,13 +56,13 @@ bool holdsTheSame(const Value& value, const Json& json) {
 
 // ---- Values -----------------------------------------------------------------
 
-// The values that count, each with json11's.
+// The values that take effect, each with json11's.
 using Counterparts = std::map<const Value*, const Json*>;
 
 std::string pairElements(const Value& array, const Json& json, Counterparts* counterparts) {
     const std::vector<Json>& elements = json.array_items();
     if (elements.size() != array.children.size()) {
-        return "another number of elements" + at(array.span.begin);
+        return "a different number of elements" + at(array.span.begin);
     }
     for (size_t i = 0; i < elements.size(); ++i) {
         (*counterparts)[array.children[i]] = &elements[i];
@@ -73,20 +73,20 @@ std::string pairElements(const Value& array, const Json& json, Counterparts* cou
 std::string pairMembers(const Value& object, const Json& json, Counterparts* counterparts) {
     const std::map<std::string, Json>& members = json.object_items();
     if (members.size() != object.children.size()) {
-        return "another number of members" + at(object.span.begin);
+        return "a different number of members" + at(object.span.begin);
     }
     size_t i = 0;
     for (const auto& [key, member] : members) {
         const Value* const child = object.children[i++];
         if (child->key != key || object.member(key) != child) {
-            return "another key" + at(child->keySpan.begin);
+            return "a different key" + at(child->keySpan.begin);
         }
         (*counterparts)[child] = &member;
     }
     return "";
 }
 
-// A value's own text, without what stands around it.
+// Compares the span of a value with the value.
 std::string differenceInPart(const std::string& text, const Value& value) {
     const std::string part = partOf(text, value.span);
     if (isContainer(value)) {
@@ -97,18 +97,20 @@ std::string differenceInPart(const std::string& text, const Value& value) {
     const Json json = Json::parse(part, error, json11::STANDARD);
     const bool trimmed =
         part.find_first_of(" \t\r\n") != 0 && part.find_last_of(" \t\r\n") != part.size() - 1;
-    return error.empty() && trimmed && holdsTheSame(value, json) ? "" : "another text";
+    return error.empty() && trimmed && hasSameContent(value, json)
+               ? ""
+               : "a value that its span does not contain";
 }
 
 std::string differenceInKey(const std::string& text, const Value& value) {
     if (value.parent == nullptr || !value.parent->isObject()) {
-        return value.key.empty() && value.keySpan.end == 0 ? "" : "a key that is none";
+        return value.key.empty() && value.keySpan.end == 0 ? "" : "an element with a key";
     }
     std::string error;
     const Json key = Json::parse(partOf(text, value.keySpan), error, json11::STANDARD);
     const bool same = error.empty() && key.is_string() && key.string_value() == value.key &&
                       value.keySpan.end < value.span.begin;
-    return same ? "" : "another text of the key";
+    return same ? "" : "a key that its span does not contain";
 }
 
 std::string differenceInValues(const Source& source, const Json& json) {
@@ -121,8 +123,8 @@ std::string differenceInValues(const Source& source, const Json& json) {
         const auto found = counterparts.find(&value);
         if (difference.empty() && found != counterparts.end()) {
             const Json& counterpart = *found->second;
-            if (!holdsTheSame(value, counterpart)) {
-                difference = "another value";
+            if (!hasSameContent(value, counterpart)) {
+                difference = "a different value";
             } else if (value.isObject()) {
                 difference = pairMembers(value, counterpart, &counterparts);
             } else {
@@ -136,11 +138,10 @@ std::string differenceInValues(const Source& source, const Json& json) {
     return "";
 }
 
-// Each value stands within its parent; one that is not among its children is
-// followed by a member of the same key.
+// Checks that each value is inside its parent, and that a member that is not among
+// the children of its parent is followed by another one with the same key.
 std::string differenceInFamilies(const Source& source) {
     std::map<std::pair<const Value*, std::string>, const Value*> latest;
-    std::map<const Value*, size_t> counting;
     for (const Value& value : source.values()) {
         const Value* const parent = value.parent;
         if ((parent == nullptr) != (&value == source.root())) {
@@ -148,19 +149,19 @@ std::string differenceInFamilies(const Source& source) {
         }
         if (parent != nullptr &&
             (value.span.begin <= parent->span.begin || value.span.end >= parent->span.end)) {
-            return "not within its parent" + at(value.span.begin);
+            return "not inside its parent" + at(value.span.begin);
         }
         if (parent != nullptr && parent->isObject()) {
-            const Value*& before = latest[{parent, value.key}];
+            const Value*& before = latest[{parent, std::string(value.key)}];
             if (before != nullptr && before->overriddenBy != &value) {
-                return "not overridden by the next" + at(before->span.begin);
+                return "not overridden by the next member" + at(before->span.begin);
             }
             before = &value;
         }
     }
-    for (const auto& [place, value] : latest) {
-        if (value->overriddenBy != nullptr || place.first->member(place.second) != value) {
-            return "the last does not count" + at(value->span.begin);
+    for (const auto& [name, value] : latest) {
+        if (value->overriddenBy != nullptr || name.first->member(name.second) != value) {
+            return "the last member does not win" + at(value->span.begin);
         }
     }
     return "";
@@ -173,53 +174,53 @@ std::string differenceWithoutComments(const Source& source, const Json& json) {
     for (const Span comment : source.comments()) {
         const std::string begin = text.substr(comment.begin, 2);
         if (begin != "//" && begin != "/*") {
-            return "no comment" + at(comment.begin);
+            return "a comment without its start" + at(comment.begin);
         }
         text.replace(comment.begin, comment.end - comment.begin, comment.end - comment.begin, ' ');
     }
     std::string error;
     const Json without = Json::parse(text, error, json11::STANDARD);
-    return error.empty() && without == json ? "" : "other comments";
+    return error.empty() && without == json ? "" : "different comments";
 }
 
 std::string differenceInError(const Source& source) {
     const std::string& text = source.text();
     const size_t byte = source.error()->byte;
     if (byte > text.size() || !source.values().empty() || source.root() != nullptr) {
-        return "values beside an error";
+        return "values in addition to an error";
     }
     const Source before(text.substr(0, byte));
     if (before.error() && before.error()->byte != byte) {
-        return "an error" + at(byte) + " behind another one" + at(before.error()->byte);
+        return "an error" + at(byte) + " after another one" + at(before.error()->byte);
     }
     const Source with(text.substr(0, byte + 1));
     if (!with.error() || with.error()->byte != byte) {
-        return "an error" + at(byte) + " that is none";
+        return "an error" + at(byte) + " that is not one";
     }
     if (!source.comments().empty() && source.comments().back().end > byte) {
-        return "a comment behind the error" + at(byte);
+        return "a comment after the error" + at(byte);
     }
     return "";
 }
 
-// Scans the same text between two others, which do not count.
-std::string differenceInTheMidst(const Source& source) {
+// Scans the same text between two others, which have no effect.
+std::string differenceInsideAnotherText(const Source& source) {
     const std::string before = "[\"\n";
     const size_t size = source.text().size();
-    const Source midst(before + source.text() + "\"], 1", before.size(), before.size() + size);
-    if (midst.values().size() != source.values().size() ||
-        midst.error().has_value() != source.error().has_value()) {
-        return "another result in the midst of a text";
+    const Source inner(before + source.text() + "\"], 1", before.size(), before.size() + size);
+    if (inner.values().size() != source.values().size() ||
+        inner.error().has_value() != source.error().has_value()) {
+        return "a different result inside another text";
     }
-    if (midst.error() && (midst.error()->byte != source.error()->byte + before.size() ||
-                          midst.error()->hint != source.error()->hint)) {
-        return "another error in the midst of a text";
+    if (inner.error() && (inner.error()->byte != source.error()->byte + before.size() ||
+                          inner.error()->hint != source.error()->hint)) {
+        return "a different error inside another text";
     }
-    for (size_t i = 0; i < midst.values().size(); ++i) {
-        if (midst.values()[i].span.begin != source.values()[i].span.begin + before.size() ||
-            midst.values()[i].span.end != source.values()[i].span.end + before.size() ||
-            midst.values()[i].number != source.values()[i].number) {
-            return "another value in the midst of a text" + at(source.values()[i].span.begin);
+    for (size_t i = 0; i < inner.values().size(); ++i) {
+        if (inner.values()[i].span.begin != source.values()[i].span.begin + before.size() ||
+            inner.values()[i].span.end != source.values()[i].span.end + before.size() ||
+            inner.values()[i].number != source.values()[i].number) {
+            return "a different value inside another text" + at(source.values()[i].span.begin);
         }
     }
     return "";
@@ -232,10 +233,11 @@ std::string differenceFromJson11(const std::string& text) {
     std::string error;
     const Json json = Json::parse(text, error, json11::COMMENTS);
     if (error.empty() != !source.error()) {
-        return error.empty() ? "an error" + at(source.error()->byte) + " of none"
-                             : "no error, but \"" + error + '"';
+        return error.empty()
+                   ? "an error" + at(source.error()->byte) + ", but json11 accepts the text"
+                   : "no error, but \"" + error + '"';
     }
-    std::string difference = differenceInTheMidst(source);
+    std::string difference = differenceInsideAnotherText(source);
     if (!difference.empty()) {
         return difference;
     }

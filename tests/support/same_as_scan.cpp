@@ -10,15 +10,15 @@
 
 namespace {
 
-// A float as text, so that not-a-number equals itself.
+// A float as a string, so that not-a-number equals itself.
 std::string textOf(float value) {
     char text[32];
     snprintf(text, sizeof(text), "float %a", static_cast<double>(value));
     return text;
 }
 
-// Remembers the one call that it receives.
-class OneCall : public QvMetaData {
+// A store that keeps its last call.
+class LastCall : public QvMetaData {
 public:
     int setCString(const char* /*key*/, const char* value) override {
         return remember(std::string("string ") + value);
@@ -55,7 +55,7 @@ std::string scanned(const char* text) {
     }
     char type[128] = "";
     char value[128] = "";
-    // cppcheck-suppress invalidscanf // no longer than the buffers, as looked at above
+    // cppcheck-suppress invalidscanf // not longer than the buffers: checked above
     sscanf(text, "%[^:]:%[^:]", type, value);
     const uint64_t hash = hashOf(type);
     if (hash == hashOf("int32")) {
@@ -74,11 +74,11 @@ std::string scanned(const char* text) {
 }  // namespace
 
 std::string differenceFromScan(const std::string& text) {
-    OneCall store;
+    LastCall store;
     const int result = QVGraphParser().parseOptions(&store, "key", text);
     const std::string expected = scanned(text.c_str());
     if (store.call != expected) {
-        return text + ": " + store.call + ", where the scan gives " + expected;
+        return text + ": " + store.call + ", but the scan returns " + expected;
     }
     const bool tooLong = strlen(text.c_str()) > 127;
     return result == (tooLong ? -68 : 0) ? "" : text + ": result " + std::to_string(result);

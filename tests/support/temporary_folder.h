@@ -1,4 +1,4 @@
-// A folder of a test's own.
+// A folder for one test.
 #ifndef QVGRAPH_TESTS_SUPPORT_TEMPORARY_FOLDER_H_
 #define QVGRAPH_TESTS_SUPPORT_TEMPORARY_FOLDER_H_
 
@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <string>
 
-// The whole of a file.
+// The content of a file.
 inline std::string readFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) {
@@ -21,15 +21,15 @@ inline std::string readFile(const std::string& path) {
     return content.str();
 }
 
-// Made empty, and removed with all that is in it at the end of its scope.
+// A new, empty folder. It is removed with its content at the end of its scope.
 class TemporaryFolder {
 public:
     TemporaryFolder()
         : mPath((std::filesystem::temp_directory_path() / "qvgraph-test-XXXXXX").string()) {
         if (mkdtemp(mPath.data()) == nullptr) {
-            throw std::runtime_error("cannot make the folder " + mPath);
+            throw std::runtime_error("cannot create the folder " + mPath);
         }
-        // As the system names it, whatever links lead there.
+        // Without symbolic links, as the system reports the path.
         mPath = std::filesystem::canonical(mPath).string();
     }
     ~TemporaryFolder() {
@@ -41,10 +41,10 @@ public:
 
     const std::string& path() const { return mPath; }
 
-    // The path of `name` in the folder, whether it exists or not.
+    // The path of `name` in the folder; it need not exist.
     std::string path(const std::string& name) const { return mPath + '/' + name; }
 
-    // Makes or overwrites a file, and returns its path.
+    // Creates or overwrites a file, and returns its path.
     std::string write(const std::string& name, const std::string& content) const {
         std::ofstream file(path(name), std::ios::binary);
         file << content;

@@ -1,4 +1,4 @@
-// Loading, and what is told when there is no document.
+// Loading, and the reasons why a text is not a document.
 #include <json11.hpp>
 #include <optional>
 #include <string>
@@ -18,7 +18,7 @@ protected:
         EXPECT_EQ(parser.root().dump(), document);
     }
 
-    // Fails with that text, and leaves the parser without a document.
+    // Expects this reason, and that it leaves the parser without a document.
     void AssertFails(const std::string& text, const std::string& why) {
         Load(R"({"pipe_0": {}})");
         EXPECT_EQ(loadConfiguration(text, {}, &parser), why) << text;
@@ -30,7 +30,7 @@ std::string bytes(std::string_view text) {
     return std::string(text);
 }
 
-TEST_F(LoadingTest, TakesWhateverIsNotNull) {
+TEST_F(LoadingTest, AcceptsWhateverIsNotNull) {
     AssertLoads("{}", "{}");
     AssertLoads(R"({"pipe_0": {"node_0": {}}})", R"({"pipe_0": {"node_0": {}}})");
     AssertLoads("[1, 2]", "[1, 2]");
@@ -44,13 +44,13 @@ TEST_F(LoadingTest, ReadsUpToTheFirstNul) {
     using std::string_view_literals::operator""sv;
     AssertLoads(bytes("{\"a\": 1}\0, and then something else"sv), R"({"a": 1})");
     AssertFails(bytes("{\"a\": \0 1}"sv),
-                "unexpected end of input (the text ends at a NUL, the byte 6)");
-    AssertFails(bytes("\0{}"sv), "unexpected end of input (the text ends at a NUL, the byte 0)");
+                "unexpected end of input (the text ends at the NUL at byte 6)");
+    AssertFails(bytes("\0{}"sv), "unexpected end of input (the text ends at the NUL at byte 0)");
 }
 
-// json11 shows the first byte of the mark as a char, which has a sign or none
-// where json11 was built.
-TEST_F(LoadingTest, NamesAByteOrderMark) {
+// json11 shows the first byte of the mark as a char, which may be signed or
+// unsigned.
+TEST_F(LoadingTest, ReportsAByteOrderMark) {
     const std::string text = "\xef\xbb\xbf{}";
     std::string why;
     json11::Json::parse(text, why);
@@ -58,12 +58,12 @@ TEST_F(LoadingTest, NamesAByteOrderMark) {
     AssertFails(text, why + " (the text begins with a byte-order mark)");
 }
 
-TEST_F(LoadingTest, ADocumentThatIsNullIsNamedSo) {
+TEST_F(LoadingTest, ReportsADocumentThatIsNull) {
     AssertFails("null", "the document is null");
     AssertFails("// nothing yet\nnull\n", "the document is null");
 }
 
-TEST_F(LoadingTest, TellsWhatTheJsonReaderSays) {
+TEST_F(LoadingTest, ReportsTheErrorOfJson11) {
     AssertFails("", "unexpected end of input");
     AssertFails("   ", "unexpected end of input");
     AssertFails("// only a comment", "unexpected end of input");
@@ -75,14 +75,14 @@ TEST_F(LoadingTest, TellsWhatTheJsonReaderSays) {
     AssertFails("nothing", "parse error: expected null, got noth");
 }
 
-// The text is cut out of a record, which has a beginning and an end of its own.
-TEST_F(LoadingTest, TellsItWholeWhateverItHolds) {
+// The error is extracted from a log record, which has its own beginning and end.
+TEST_F(LoadingTest, ReportsAllOfTheErrorWhateverItContains) {
     AssertFails("ferr=x", "parse error: expected false, got ferr=");
     AssertFails("f\033[0m", "parse error: expected false, got f\033[0m");
     AssertFails("f%s%n", "parse error: expected false, got f%s%n");
 }
 
-TEST_F(LoadingTest, TellsTheSameWhateverIsObserved) {
+TEST_F(LoadingTest, ReportsTheSameAtEveryObservedLevel) {
     for (int level = 0; level <= QV_LOG_INFO; ++level) {
         const RecordObserver observer = {level, [](const QVLogRecord& /*record*/) {}};
         EXPECT_EQ(loadConfiguration("", observer, &parser), "unexpected end of input") << level;

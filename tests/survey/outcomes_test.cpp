@@ -1,4 +1,4 @@
-// What becomes of a node's set-up, and how it is told.
+// The outcome of setting a node up, and its message.
 #include <cstdint>
 #include <new>
 #include <stdexcept>
@@ -8,9 +8,9 @@
 
 namespace {
 
-using qvgraph::Node;
 using qvgraph::Options;
 using qvgraph::Survey;
+using qvgraph::SurveyedNode;
 
 class OutcomeOfSetUpTest : public SurveyTest {
 protected:
@@ -45,7 +45,7 @@ out 1 "b" "g"
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, InputsAloneAndOutputsAloneAreEnough) {
+TEST_F(OutcomeOfSetUpTest, InputsOrOutputsAreEnough) {
     AssertWired(R"({"stream_input": "a", "stream_fmt_in": "f"})", R"(
 ready (0)
 in 0 "a" "f"
@@ -56,7 +56,7 @@ out 0 "a" "f"
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, NamesAndFormatsOfSeveralStreamsPairByTheirOrder) {
+TEST_F(OutcomeOfSetUpTest, NamesAndFormatsOfSeveralStreamsArePairedInOrder) {
     AssertWired(R"({
         "stream_input_10": "x", "stream_input_2": "y",
         "stream_fmt_in_7": "f", "stream_fmt_in_8": "g",
@@ -72,14 +72,14 @@ out 3 "p" "h"
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, TheModeServesEveryInput) {
+TEST_F(OutcomeOfSetUpTest, TheModeAppliesToEveryInput) {
     const std::string streams = R"({"stream_input_0": "a", "stream_fmt_in_0": "f",
         "stream_input_1": "b", "stream_fmt_in_1": "f",
         "stream_output": "c", "stream_fmt_out": "f", "stream_mode_in": )";
     AssertWired(streams + R"("remain_newest"})", R"(
 ready (0)
-in 0 "a" "f" newest
-in 1 "b" "f" newest
+in 0 "a" "f" latest
+in 1 "b" "f" latest
 out 2 "c" "f"
 )");
     AssertWired(streams + R"("Remain_Newest"})", R"(
@@ -100,7 +100,7 @@ out 1 "b" ""
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, WhatANodeAnswersToItsInitialisationDoesNotMatter) {
+TEST_F(OutcomeOfSetUpTest, TheReturnValueOfANodesInitialisationIsIgnored) {
     struct Grumpy : QVHostTaskNode {
         int initialize(int /*nodeId*/,
                        _QVTaskNodeInfo* /*info*/,
@@ -119,7 +119,7 @@ out 0 "s" "f"
 // ---- Not created ------------------------------------------------------------
 
 TEST_F(OutcomeOfSetUpTest, ANodeWithoutANameIsNotCreated) {
-    const char* const NO_NAME = "\nnot created (-1): it has no \"node_name\" that is a text\n";
+    const char* const NO_NAME = "\nnot created (-1): it has no \"node_name\" that is a string\n";
     AssertOutcome("{}", NO_NAME);
     AssertOutcome(R"("Filter")", NO_NAME);
     AssertOutcome(R"({"node_name": "Filter"})", NO_NAME);
@@ -130,7 +130,7 @@ TEST_F(OutcomeOfSetUpTest, ANodeWithoutANameIsNotCreated) {
     AssertNamed(R"(["Filter"])", NO_NAME);
 }
 
-TEST_F(OutcomeOfSetUpTest, ANodeWithNothingButALabelIsNotCreated) {
+TEST_F(OutcomeOfSetUpTest, ANodeWithOnlyALabelIsNotCreated) {
     AssertNamed(R"("#door")", "\nnot created (-1): its name '#door' has no class before the '#'\n");
     AssertNamed(R"("#")", "\nnot created (-1): its name '#' has no class before the '#'\n");
 }
@@ -146,23 +146,23 @@ out 0 "s" "f"
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, AClassMayMakeNoNode) {
+TEST_F(OutcomeOfSetUpTest, AClassMayCreateNoNode) {
     RegisterCreator("Filter", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return nullptr; });
-    AssertNamed(R"("Filter#2")", "\nnot created (-1): its class 'Filter' made no node\n");
+    AssertNamed(R"("Filter#2")", "\nnot created (-1): its class 'Filter' created no node\n");
 }
 
 TEST_F(OutcomeOfSetUpTest, ANodeThatIsNotCreatedHasNoOptions) {
     EXPECT_EQ(NodeOf(R"({"node_opts": {"node_name": "#x", "fps": 25}})").options, Options());
 }
 
-TEST_F(OutcomeOfSetUpTest, TheClassEndsAtTheFirstHashAndTheNameAtItsEnd) {
-    const Node node = NodeOf(R"({"node_opts": {"node_name": "Camera#a#b"}})");
+TEST_F(OutcomeOfSetUpTest, TheClassEndsAtTheFirstHashAndTheNameDoesNot) {
+    const SurveyedNode node = NodeOf(R"({"node_opts": {"node_name": "Camera#a#b"}})");
     EXPECT_EQ(node.name, "Camera#a#b");
     EXPECT_EQ(node.className, "Camera");
 }
 
-TEST_F(OutcomeOfSetUpTest, TheClassEndsAtANulToo) {
-    const Node node = NodeOf(R"({"node_opts": {"node_name": "Camera\u0000Man#a"}})");
+TEST_F(OutcomeOfSetUpTest, TheClassAlsoEndsAtANul) {
+    const SurveyedNode node = NodeOf(R"({"node_opts": {"node_name": "Camera\u0000Man#a"}})");
     EXPECT_EQ(node.name, std::string("Camera\0Man#a", 12));
     EXPECT_EQ(node.className, "Camera");
 }
@@ -201,7 +201,7 @@ out - - -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, TheStreamsBehindARefusedOneAreNotWired) {
+TEST_F(OutcomeOfSetUpTest, TheStreamsAfterARefusedOneAreNotWired) {
     AssertWired(R"({
         "stream_input_0": "a", "stream_fmt_in_0": "f",
         "stream_input_1": "", "stream_fmt_in_1": "f",
@@ -211,7 +211,7 @@ TEST_F(OutcomeOfSetUpTest, TheStreamsBehindARefusedOneAreNotWired) {
     })",
                 R"(
 stream refused (0): the name of its input stream is empty
-in 0 "a" "f" newest
+in 0 "a" "f" latest
 in - - -
 in - - -
 out - - -
@@ -231,7 +231,7 @@ pipe 0 pipe_0 threads 0 links none
     {node_name "First", stream_fmt_out "f", stream_output "s"}
     out 0 "s" "f"
   node 1 id 5 node_5 "Second" of "Second": )"
-                  R"(stream refused (0): its output stream 's' is produced by node_4 already
+                  R"(stream refused (0): stream 's' already has a producer, 'node_4'
     {node_name "Second", stream_fmt_out "f", stream_output "s"}
     out - - -
   stream 0 "s" node_4 > -
@@ -242,13 +242,13 @@ TEST_F(OutcomeOfSetUpTest, ANodeThatProducesAStreamTwiceIsRefused) {
     AssertWired(R"({"stream_output_0": "s", "stream_fmt_out_0": "f",
                     "stream_output_1": "s", "stream_fmt_out_1": "f"})",
                 R"(
-stream refused (0): its output stream 's' is produced by the node itself already
+stream refused (0): it produces stream 's' twice
 out 0 "s" "f"
 out - - -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, ANodeMayTakeWhatItGives) {
+TEST_F(OutcomeOfSetUpTest, ANodeMayConsumeWhatItProduces) {
     AssertWired(R"({"stream_input": "s", "stream_fmt_in": "f",
                     "stream_output": "s", "stream_fmt_out": "f"})",
                 R"(
@@ -260,7 +260,7 @@ out 0 "s" "f"
 
 // ---- Would abort ------------------------------------------------------------
 
-TEST_F(OutcomeOfSetUpTest, AStreamWhoseNameIsNoTextAborts) {
+TEST_F(OutcomeOfSetUpTest, AStreamWhoseNameIsNotAStringAborts) {
     AssertWired(R"({"stream_input": 5, "stream_fmt_in": "f"})", R"(
 would abort (-): no name for its input stream
 in - - -
@@ -289,7 +289,7 @@ out - - -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, AmongSeveralStreamsTheOneThatAbortsIsNamed) {
+TEST_F(OutcomeOfSetUpTest, OfSeveralStreamsTheOneThatAbortsIsReported) {
     AssertWired(R"({
         "stream_input": "plain",
         "stream_input_0": "a", "stream_fmt_in_0": "f",
@@ -316,24 +316,24 @@ out - - -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, AClassThatHasMoreStreamsThanAreDeclaredAborts) {
+TEST_F(OutcomeOfSetUpTest, AClassWithMoreStreamsThanDeclaredAborts) {
     RegisterCreator(
         "Filter", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new QVHostTaskNode; }, 2, 1);
     AssertWired(R"({"stream_input": "a", "stream_fmt_in": "f",
                     "stream_output": "b", "stream_fmt_out": "f"})",
                 R"(
-would abort (-): no name for its input stream 1 of 2: its class has 2 inputs, "stream_opts" declares 1
+would abort (-): no name for its input stream 1 of 2: its class has 2 inputs, but "stream_opts" declares 1
 in - - -
 in - - -
 out - - -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, AClassOfOneStreamSaysSoInTheSingular) {
+TEST_F(OutcomeOfSetUpTest, OneStreamIsReportedInTheSingular) {
     RegisterCreator(
         "Filter", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new QVHostTaskNode; }, 1, 0);
     AssertWired(R"({"stream_output": "b", "stream_fmt_out": "f"})", R"(
-would abort (-): no name for its input stream: its class has 1 input, "stream_opts" declares 0
+would abort (-): no name for its input stream: its class has 1 input, but "stream_opts" declares 0
 in - - -
 )");
 }
@@ -347,10 +347,10 @@ TEST_F(OutcomeOfSetUpTest, ANodeThatWouldAbortHasItsOptions) {
 
 // ---- Ready, with streams that are not wired ---------------------------------
 
-TEST_F(OutcomeOfSetUpTest, AReadyNodeTellsWhichDeclaredStreamsAreNotWired) {
+TEST_F(OutcomeOfSetUpTest, AReadyNodeReportsTheDeclaredStreamsThatAreNotWired) {
     RegisterCreator(
         "Tone", [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new QVHostTaskNode; }, 0, 2);
-    const Node node = NodeOf(R"({"node_opts": {"node_name": "Tone"},
+    const SurveyedNode node = NodeOf(R"({"node_opts": {"node_name": "Tone"},
                                 "stream_opts": {"stream_input": "low", "stream_fmt_in": "f",
                                                 "stream_output_0": "a", "stream_fmt_out_0": "f",
                                                 "stream_output_1": "b", "stream_fmt_out_1": "f",
@@ -362,8 +362,8 @@ TEST_F(OutcomeOfSetUpTest, AReadyNodeTellsWhichDeclaredStreamsAreNotWired) {
               "out 1 \"b\" \"f\"\n");
 }
 
-TEST_F(OutcomeOfSetUpTest, AReadyNodeOfAsManyStreamsAsDeclaredLeavesNone) {
-    const Node node = NodeOf(R"({"node_opts": {"node_name": "Tone"},
+TEST_F(OutcomeOfSetUpTest, AReadyNodeWithAsManyStreamsAsDeclaredReportsNothing) {
+    const SurveyedNode node = NodeOf(R"({"node_opts": {"node_name": "Tone"},
                                 "stream_opts": {"stream_input": "low", "stream_fmt_in": "f"}})");
     EXPECT_EQ(outcomeOf(node), R"(
 ready (0)
@@ -386,7 +386,7 @@ out 1 "b" -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, AStreamWhoseFormatIsNoTextThrows) {
+TEST_F(OutcomeOfSetUpTest, AStreamWhoseFormatIsNotAStringThrows) {
     AssertWired(R"({"stream_input": "a", "stream_fmt_in": 5})", R"(
 would throw (-): no format for its input stream 'a'
 in 0 "a" -
@@ -397,7 +397,7 @@ out 0 "a" -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, AmongSeveralStreamsTheOneThatThrowsIsNamed) {
+TEST_F(OutcomeOfSetUpTest, OfSeveralStreamsTheOneThatThrowsIsReported) {
     AssertWired(R"({
         "stream_input_0": "a", "stream_fmt_in_0": "f",
         "stream_input_1": "b",
@@ -422,7 +422,7 @@ out 1 "b" -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, AnInputThatThrowsIsNotNewestYet) {
+TEST_F(OutcomeOfSetUpTest, AnInputThatThrowsIsNotLatestOnlyYet) {
     AssertWired(R"({"stream_input": "a", "stream_mode_in": "remain_newest"})", R"(
 would throw (-): no format for its input stream 'a'
 in 0 "a" -
@@ -445,7 +445,7 @@ struct SensorIsMissing : std::runtime_error {
     SensorIsMissing() : std::runtime_error("there is no sensor") {}
 };
 
-TEST_F(OutcomeOfSetUpTest, WhatANodeThrowsIsTold) {
+TEST_F(OutcomeOfSetUpTest, WhatANodeThrowsIsReported) {
     Register<ThrowingNode<SensorIsMissing>>("Camera");
     AssertNamed(R"("Camera")", R"(
 would throw (-): there is no sensor
@@ -483,7 +483,7 @@ struct PromisedText : std::logic_error {
     PromisedText() : std::logic_error("basic_string::_M_construct null not valid") {}
 };
 
-TEST_F(OutcomeOfSetUpTest, WhatAWiredNodeThrowsIsNotTakenForAMissingFormat) {
+TEST_F(OutcomeOfSetUpTest, WhatAWiredNodeThrowsIsNotReportedAsAMissingFormat) {
     Register<ThrowingNode<PromisedText>>("Camera");
     AssertNamed(R"("Camera")", R"(
 would throw (-): basic_string::_M_construct null not valid
@@ -491,7 +491,7 @@ out 0 "s" "f"
 )");
 }
 
-// A node that asserts something of its own while it is initialised.
+// A node with an assertion that fails while it is initialised.
 class AssertingNode : public QVHostTaskNode {
 public:
     int initialize(int /*nodeId*/,
@@ -504,7 +504,7 @@ public:
     }
 };
 
-TEST_F(OutcomeOfSetUpTest, WhatANodeAssertsIsTold) {
+TEST_F(OutcomeOfSetUpTest, AFailedAssertionOfANodeIsReported) {
     Register<AssertingNode>("Camera");
     AssertNamed(R"("Camera")", R"(
 would abort (-): Assertion mLens failed at open:12
@@ -516,29 +516,29 @@ struct Silent : std::exception {
     const char* what() const noexcept override { return ""; }
 };
 
-TEST_F(OutcomeOfSetUpTest, AnExceptionNeedNotSayWhy) {
+TEST_F(OutcomeOfSetUpTest, AnExceptionMayHaveNoMessage) {
     Register<ThrowingNode<Silent>>("Camera");
     AssertNamed(R"("Camera")", R"(
-would throw (-): an exception that does not say why
+would throw (-): an exception without a message
 out 0 "s" "f"
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, ANodeMayThrowWhatIsNoException) {
+TEST_F(OutcomeOfSetUpTest, ANodeMayThrowWhatIsNotAStdException) {
     Register<ThrowingNode<int>>("Camera");
     AssertNamed(R"("Camera")", R"(
-would throw (-): something that is no std::exception
+would throw (-): an exception that is not a std::exception
 out 0 "s" "f"
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, AClassMayThrowInsteadOfMakingANode) {
+TEST_F(OutcomeOfSetUpTest, AClassMayThrowInsteadOfCreatingANode) {
     RegisterCreator("Camera",
                     [](const _QVNodeInfo*) -> QVTaskNodeBase* { throw SensorIsMissing(); });
     AssertNamed(R"("Camera")", "\nwould throw (-): there is no sensor\n");
 }
 
-TEST_F(OutcomeOfSetUpTest, RunningOutOfMemoryIsPassedOn) {
+TEST_F(OutcomeOfSetUpTest, RunningOutOfMemoryPropagatesToTheCaller) {
     Register<ThrowingNode<std::bad_alloc>>("Camera");
     EXPECT_THROW(NodeOf(R"({"node_opts": {"node_name": "Camera"},
                             "stream_opts": {"stream_output": "s", "stream_fmt_out": "f"}})"),
@@ -547,7 +547,7 @@ TEST_F(OutcomeOfSetUpTest, RunningOutOfMemoryIsPassedOn) {
 
 // ---- Stores -----------------------------------------------------------------
 
-// Brings no option store.
+// Has no option store.
 class BareNode : public QVTaskNodeBase {
 public:
     int initialize(int /*nodeId*/,
@@ -558,9 +558,9 @@ public:
     }
 };
 
-TEST_F(OutcomeOfSetUpTest, ANodeThatBringsNoStoreGetsOne) {
+TEST_F(OutcomeOfSetUpTest, ANodeWithoutAStoreGetsOne) {
     Register<BareNode>("Bare");
-    const Node node = NodeOf(R"({"node_opts": {"node_name": "Bare"},
+    const SurveyedNode node = NodeOf(R"({"node_opts": {"node_name": "Bare"},
                                 "stream_opts": {"stream_input": "s", "stream_fmt_in": "f"}})");
     EXPECT_EQ(textOf(node.options), R"({node_name "Bare", stream_fmt_in "f", stream_input "s"})");
     EXPECT_EQ(outcomeOf(node), R"(
@@ -569,7 +569,7 @@ in 0 "s" "f"
 )");
 }
 
-// Keeps nothing, and calls every stream "s" and every format "f".
+// Stores nothing, and finds the name "s" and the format "f" for every stream.
 class ForeignStore : public QvMetaData {
 public:
     int setCString(const char* /*key*/, const char* /*value*/) override { return 0; }
@@ -590,9 +590,9 @@ private:
     ForeignStore mStore;
 };
 
-TEST_F(OutcomeOfSetUpTest, OfAStoreThatIsNotTheDesksWhatItFindsIsShown) {
+TEST_F(OutcomeOfSetUpTest, TheOptionsOfAStoreOfAClassAreThoseThatItFinds) {
     Register<ForeignNode>("Foreign");
-    const Node node = NodeOf(R"({"node_opts": {"node_name": "Foreign"},
+    const SurveyedNode node = NodeOf(R"({"node_opts": {"node_name": "Foreign"},
                                 "stream_opts": {"stream_input": "a"}})");
     EXPECT_EQ(textOf(node.options), R"({node_name "s", stream_input "s"})");
     EXPECT_EQ(outcomeOf(node), R"(
@@ -603,7 +603,7 @@ in 0 "s" "f"
 
 // ---- The other nodes --------------------------------------------------------
 
-TEST_F(OutcomeOfSetUpTest, TheNodesBehindOneThatIsNotReadyAreSetUpAllTheSame) {
+TEST_F(OutcomeOfSetUpTest, TheNodesAfterOneThatIsNotReadyAreStillSetUp) {
     Register<ThrowingNode<int>>("Wild");
     const Survey survey = SurveyOf(R"({"pipe_0": {
         "node_0": {"node_opts": {"node_name": "#door"}},
@@ -611,7 +611,7 @@ TEST_F(OutcomeOfSetUpTest, TheNodesBehindOneThatIsNotReadyAreSetUpAllTheSame) {
         "node_2": {"node_opts": {"node_name": "Refused"},
                    "stream_opts": {"stream_input": "", "stream_fmt_in": "f"}},
         "node_3": {"node_opts": {"node_name": "Nameless"}, "stream_opts": {"stream_input": 1}},
-        "node_4": {"node_opts": {"node_name": "Formless"}, "stream_opts": {"stream_output": "s"}},
+        "node_4": {"node_opts": {"node_name": "Formatless"}, "stream_opts": {"stream_output": "s"}},
         "node_5": {"node_opts": {"node_name": "Wild"},
                    "stream_opts": {"stream_output": "t", "stream_fmt_out": "f"}},
         "node_6": {"node_opts": {"node_name": "Sound"}, "stream_opts": {
@@ -619,7 +619,7 @@ TEST_F(OutcomeOfSetUpTest, TheNodesBehindOneThatIsNotReadyAreSetUpAllTheSame) {
                    "stream_input_1": "t", "stream_fmt_in_1": "f"}}
     }})");
     std::string outcomes;
-    for (const Node& node : survey.pipes.at(0).nodes) {
+    for (const SurveyedNode& node : survey.pipes.at(0).nodes) {
         outcomes += outcomeOf(node);
     }
     EXPECT_EQ(outcomes, R"(
@@ -636,7 +636,7 @@ in - - -
 would throw (-): no format for its output stream 's'
 out 0 "s" -
 
-would throw (-): something that is no std::exception
+would throw (-): an exception that is not a std::exception
 out 1 "t" "f"
 
 ready (0)
@@ -645,28 +645,28 @@ in 1 "t" "f"
 )");
 }
 
-// On a device the streams of a node whose set-up failed stay registered.
-TEST_F(OutcomeOfSetUpTest, StreamsOfANodeThatIsNotReadyStay) {
+// On a device, the streams of a node whose set-up failed stay registered.
+TEST_F(OutcomeOfSetUpTest, StreamsOfANodeThatIsNotReadyStayRegistered) {
     AssertSurveys(R"({"pipe_0": {
-        "node_0": {"node_opts": {"node_name": "Formless"}, "stream_opts": {"stream_output": "s"}},
+        "node_0": {"node_opts": {"node_name": "Formatless"}, "stream_opts": {"stream_output": "s"}},
         "node_1": {"node_opts": {"node_name": "Late"},
                    "stream_opts": {"stream_output": "s", "stream_fmt_out": "f"}}
     }})",
                   R"(
 pipe 0 pipe_0 threads 0 links none
-  node 0 id 0 node_0 "Formless" of "Formless": )"
+  node 0 id 0 node_0 "Formatless" of "Formatless": )"
                   R"(would throw (-): no format for its output stream 's'
-    {node_name "Formless", stream_output "s"}
+    {node_name "Formatless", stream_output "s"}
     out 0 "s" -
   node 1 id 1 node_1 "Late" of "Late": )"
-                  R"(stream refused (0): its output stream 's' is produced by node_0 already
+                  R"(stream refused (0): stream 's' already has a producer, 'node_0'
     {node_name "Late", stream_fmt_out "f", stream_output "s"}
     out - - -
   stream 0 "s" node_0 > -
 )");
 }
 
-TEST_F(OutcomeOfSetUpTest, ARefusalIsForgottenWithItsNode) {
+TEST_F(OutcomeOfSetUpTest, ARefusalDoesNotAffectTheNextNode) {
     const Survey survey = SurveyOf(R"({"pipe_0": {
         "node_0": {"node_opts": {"node_name": "Refused"},
                    "stream_opts": {"stream_input": "", "stream_fmt_in": "f"}},

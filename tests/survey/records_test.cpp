@@ -1,4 +1,4 @@
-// Who sees the parser's records while a survey is taken, and what is there
+// Who receives the parser's records during a survey, and the state of the log
 // afterwards.
 #include <new>
 #include <stdexcept>
@@ -20,7 +20,7 @@ void replaceAll(const std::string& from, const std::string& to, std::string* tex
     }
 }
 
-// "level function message", its colours and its own line as words.
+// "level function message", with words for its colours and its line.
 std::string recordText(const QVLogRecord& record) {
     std::string message = record.message;
     replaceAll(QV_LOG_RED, "<red>", &message);
@@ -34,13 +34,13 @@ std::string recordText(const QVLogRecord& record) {
 
 class RecordsTest : public SurveyTest {
 protected:
-    // Notes the records up to a level.
+    // Collects the records up to a level.
     void Observe(int level) {
         request.records.level = level;
         request.records.sink = [this](const QVLogRecord& record) { records += recordText(record); };
     }
 
-    // The records of a survey that is taken with that level.
+    // The records of a survey that observes this level.
     std::string RecordsUpTo(int level, const std::string& text) {
         Load(text);
         records.clear();
@@ -52,7 +52,7 @@ protected:
     std::string records;
 };
 
-// A node without a name, one whose stream has no name, one that is fine.
+// A node without a name, and one whose stream has no name.
 const char* const CONFIGURATION = R"({"pipe_0": {
     "link_0": {"depth": "int64:5"},
     "node_0": {},
@@ -65,7 +65,7 @@ const char* const NO_STREAM_NAME =
     "2 initTaskNode <red>Assertion options->findCString(OPT_STREAM_INPUT_NAME, &inputStreamName) "
     "failed at initTaskNode:<line><newline><plain>\n";
 
-TEST_F(RecordsTest, ErrorsAlone) {
+TEST_F(RecordsTest, OnlyErrors) {
     EXPECT_EQ(RecordsUpTo(QV_LOG_ERROR, CONFIGURATION), NO_STREAM_NAME);
 }
 
@@ -73,7 +73,7 @@ TEST_F(RecordsTest, ErrorsAndNotices) {
     EXPECT_EQ(RecordsUpTo(QV_LOG_NOTICE, CONFIGURATION), std::string(NO_NODE) + NO_STREAM_NAME);
 }
 
-TEST_F(RecordsTest, AllOfThem) {
+TEST_F(RecordsTest, AllRecords) {
     EXPECT_EQ(RecordsUpTo(QV_LOG_INFO, CONFIGURATION),
               R"(6 getDefaultLinkMode <blue>default link mode <plain>
 6 getItemNum <blue>item name=link_0 , <tab> tag=executor_<plain>
@@ -106,7 +106,7 @@ TEST_F(RecordsTest, NoneBelowTheErrors) {
     EXPECT_EQ(RecordsUpTo(QV_LOG_ERROR - 1, CONFIGURATION), "");
 }
 
-TEST_F(RecordsTest, WhatIsObservedDoesNotChangeTheSurvey) {
+TEST_F(RecordsTest, TheObservedLevelDoesNotChangeTheSurvey) {
     const std::string survey = textOf(SurveyOf(CONFIGURATION));
     for (int level = 0; level <= QV_LOG_INFO + 1; ++level) {
         Observe(level);
@@ -114,7 +114,7 @@ TEST_F(RecordsTest, WhatIsObservedDoesNotChangeTheSurvey) {
     }
 }
 
-TEST_F(RecordsTest, ARecordComesWithAllOfItsParts) {
+TEST_F(RecordsTest, ARecordHasAllItsFields) {
     request.records.sink = [](const QVLogRecord& record) {
         EXPECT_EQ(record.module, 0x18181802U);
         EXPECT_EQ(record.level, QV_LOG_ERROR);
@@ -126,7 +126,7 @@ TEST_F(RecordsTest, ARecordComesWithAllOfItsParts) {
     EXPECT_EQ(SurveyOf(CONFIGURATION).pipes.at(0).nodes.at(1).outcome, Outcome::WouldAbort);
 }
 
-TEST_F(RecordsTest, TheSinkOfTheProcessSeesNothingOfASurvey) {
+TEST_F(RecordsTest, TheSinkOfTheProcessReceivesNothingOfASurvey) {
     std::string others;
     qv_log_set_sink([&](const QVLogRecord& record) { others += recordText(record); });
     qv_log_set_level(QV_LOG_INFO);
@@ -137,7 +137,7 @@ TEST_F(RecordsTest, TheSinkOfTheProcessSeesNothingOfASurvey) {
     EXPECT_EQ(others, "");
 }
 
-// ---- Level and sink as before ----------------------------------------------
+// ---- Level and sink afterwards -----------------------------------------------
 
 class LogStateTest : public RecordsTest {
 protected:
@@ -146,7 +146,7 @@ protected:
         qv_log_set_sink([this](const QVLogRecord& record) { others += recordText(record); });
     }
 
-    // The level and the sink are the ones that the test began with.
+    // The level and the sink are those at the beginning of the test.
     void AssertAsBefore() {
         EXPECT_EQ(qv_log_level(), 4);
         others.clear();
@@ -157,7 +157,7 @@ protected:
     std::string others;
 };
 
-TEST_F(LogStateTest, IsAsBeforeASurvey) {
+TEST_F(LogStateTest, IsRestoredAfterASurvey) {
     SurveyOf(CONFIGURATION);
     AssertAsBefore();
     Observe(QV_LOG_INFO);
@@ -165,14 +165,14 @@ TEST_F(LogStateTest, IsAsBeforeASurvey) {
     AssertAsBefore();
 }
 
-TEST_F(LogStateTest, IsAsBeforeALoad) {
+TEST_F(LogStateTest, IsRestoredAfterALoad) {
     EXPECT_EQ(loadConfiguration("{}", request.records, &parser), std::nullopt);
     AssertAsBefore();
     EXPECT_NE(loadConfiguration("{", request.records, &parser), std::nullopt);
     AssertAsBefore();
 }
 
-TEST_F(LogStateTest, IsAsBeforeWhenANodeRunsOutOfMemory) {
+TEST_F(LogStateTest, IsRestoredIfANodeRunsOutOfMemory) {
     RegisterCreator("Greedy",
                     [](const _QVNodeInfo*) -> QVTaskNodeBase* { throw std::bad_alloc(); });
     EXPECT_THROW(SurveyOf(R"({"pipe_0": {"node_0": {"node_opts": {"node_name": "Greedy"}}}})"),
@@ -180,13 +180,13 @@ TEST_F(LogStateTest, IsAsBeforeWhenANodeRunsOutOfMemory) {
     AssertAsBefore();
 }
 
-TEST_F(LogStateTest, IsAsBeforeWhenTheProgressThrows) {
+TEST_F(LogStateTest, IsRestoredIfTheProgressThrows) {
     request.progress = [](size_t /*done*/, size_t /*total*/) { throw std::runtime_error("stop"); };
     EXPECT_THROW(SurveyOf(R"({"pipe_0": {}})"), std::runtime_error);
     AssertAsBefore();
 }
 
-TEST_F(LogStateTest, IsAsBeforeWhenTheObserverThrows) {
+TEST_F(LogStateTest, IsRestoredIfTheObserverThrows) {
     request.records.level = QV_LOG_INFO;
     request.records.sink = [](const QVLogRecord& /*record*/) { throw std::runtime_error("stop"); };
     Load(CONFIGURATION);

@@ -1,4 +1,4 @@
-// What a survey tells of pipes, executors, links, nodes and streams.
+// What a survey records about pipes, executors, links, nodes and streams.
 #include "tests/survey/survey_test.h"
 
 #include <cstddef>
@@ -12,7 +12,7 @@ using qvgraph::Readiness;
 using qvgraph::Survey;
 using qvgraph::toText;
 
-TEST_F(SurveyTest, TellsEveryFieldOfAPipe) {
+TEST_F(SurveyTest, RecordsEveryFieldOfAPipe) {
     AssertSurveys(R"({
         "pipe_0": {
             "thread_opts": {"exec_thread_num": 4},
@@ -42,7 +42,7 @@ pipe 0 pipe_0 threads 4 links async
     out 0 "raw" "nv12"
   node 1 id 1 node_1 "Display" of "Display": ready (0)
     {node_name "Display", stream_fmt_in "bgr", stream_input "raw", stream_mode_in "remain_newest"}
-    in 0 "raw" "bgr" newest
+    in 0 "raw" "bgr" latest
   stream 0 "raw" node_0 > node_1
 )");
 }
@@ -63,7 +63,7 @@ TEST_F(SurveyTest, AParserWithoutADocumentHasNoPipes) {
     EXPECT_EQ(textOf(surveyConfiguration(parser, request)), "\n");
 }
 
-TEST_F(SurveyTest, APipeOfAnotherTypeReadsAsEmpty) {
+TEST_F(SurveyTest, APipeThatIsNotAnObjectReadsAsEmpty) {
     AssertSurveys(R"({"pipe_0": 5, "pipe_1": ["node_0"], "pipe_2": null})", R"(
 pipe 0 pipe_0 threads 0 links none
 pipe 1 pipe_1 threads 0 links none
@@ -71,14 +71,14 @@ pipe 2 pipe_2 threads 0 links none
 )");
 }
 
-TEST_F(SurveyTest, AnIndexThatLeadsToNoPipeHasNoKey) {
+TEST_F(SurveyTest, AnIndexThatMapsToNoPipeHasNoKey) {
     AssertSurveys(R"({"pipe_1": {"default_mode_link": "sync"}, "comment": "sound"})", R"(
 pipe 0 - threads 0 links none
 pipe 1 pipe_1 threads 0 links sync
 )");
 }
 
-TEST_F(SurveyTest, PipesComeByIndexAndNotInKeyOrder) {
+TEST_F(SurveyTest, PipesAreInTheOrderOfTheirIndexesNotOfTheirKeys) {
     std::string configuration = "{";
     std::string survey = "\n";
     for (int pipe = 0; pipe < 11; ++pipe) {
@@ -89,7 +89,7 @@ TEST_F(SurveyTest, PipesComeByIndexAndNotInKeyOrder) {
     AssertSurveys(configuration + '}', survey);
 }
 
-TEST_F(SurveyTest, MembersComeInTheByteOrderOfTheirKeys) {
+TEST_F(SurveyTest, MembersAreInTheByteOrderOfTheirKeys) {
     AssertSurveys(R"({
         "pipe_0": {
             "executor_2": {"executor_opts": {"z": 1, "a": 2, "B": 3}},
@@ -119,7 +119,7 @@ pipe 0 pipe_0 threads 0 links none
 )");
 }
 
-TEST_F(SurveyTest, AnIdMayLeadToNoMember) {
+TEST_F(SurveyTest, AnIdMayMapToNoMember) {
     AssertSurveys(R"({
         "pipe_0": {
             "executor_x": {"executor_opts": {"never": "seen"}},
@@ -131,12 +131,12 @@ TEST_F(SurveyTest, AnIdMayLeadToNoMember) {
 pipe 0 pipe_0 threads 0 links none
   executor 0 id 0 - {}
   link 0 id 0 - {}
-  node 0 id 0 - "" of "": not created (-1): its id 0 leads to 'node_0', which is not there
+  node 0 id 0 - "" of "": not created (-1): its id 0 maps to 'node_0', which does not exist
     {}
 )");
 }
 
-TEST_F(SurveyTest, AnIdMayLeadToAnotherMember) {
+TEST_F(SurveyTest, AnIdMayMapToAnotherMember) {
     AssertSurveys(R"({
         "pipe_0": {
             "executor_1": {"executor_opts": {"of": "executor_1"}},
@@ -181,7 +181,7 @@ pipe 0 pipe_0 threads 2147483647 links none
 )");
 }
 
-TEST_F(SurveyTest, OptionsAreShownAsTheyAreStored) {
+TEST_F(SurveyTest, OptionsAreRecordedAsTheyAreStored) {
     const Survey survey = SurveyOf(R"({"pipe_0": {"link_0": {
         "a number": 3.9,
         "a string": "camera:front",
@@ -219,7 +219,7 @@ TEST_F(SurveyTest, LaterOptionObjectsOfANodeWin) {
               R"(stream_fmt_in "f", stream_input "s"})");
 }
 
-TEST_F(SurveyTest, StreamsKnowWhoGivesAndWhoTakesThem) {
+TEST_F(SurveyTest, StreamsHaveTheirProducersAndConsumers) {
     AssertSurveys(R"({
         "pipe_0": {
             "node_0": {"node_opts": {"node_name": "Join"}, "stream_opts": {
@@ -263,7 +263,7 @@ pipe 0 pipe_0 threads 0 links none
 )");
 }
 
-TEST_F(SurveyTest, EachPipeHasATaskGraphOfItsOwn) {
+TEST_F(SurveyTest, EachPipeHasItsOwnTaskGraph) {
     const char* const NODE = R"({"node_opts": {"node_name": "Camera"},
         "stream_opts": {"stream_output": "raw", "stream_fmt_out": "f"}})";
     const std::string pipe = std::string(R"({"node_0": )") + NODE + '}';
@@ -293,7 +293,7 @@ TEST_F(SurveyTest, ARequestMayNameOnePipe) {
     AssertSurveys(THREE_PIPES, "\npipe 1 - threads 0 links none\n");
 }
 
-TEST_F(SurveyTest, ProgressIsToldAfterEachPipe) {
+TEST_F(SurveyTest, ProgressIsReportedAfterEachPipe) {
     std::vector<std::string> progress;
     request.progress = [&](size_t done, size_t total) {
         progress.push_back(std::to_string(done) + " of " + std::to_string(total));
@@ -313,7 +313,7 @@ TEST_F(SurveyTest, ProgressIsToldAfterEachPipe) {
     EXPECT_EQ(progress, std::vector<std::string>());
 }
 
-TEST_F(SurveyTest, ASurveyMayBeTakenAgain) {
+TEST_F(SurveyTest, ASurveyCanBeRepeated) {
     const char* const CONFIGURATION = R"({"pipe_0": {"node_0": {
         "node_opts": {"node_name": "Camera"},
         "stream_opts": {"stream_output": "raw", "stream_fmt_out": "f"}}}})";
@@ -321,7 +321,7 @@ TEST_F(SurveyTest, ASurveyMayBeTakenAgain) {
     EXPECT_EQ(textOf(surveyConfiguration(parser, request)), first);
 }
 
-TEST(OutcomeTest, HasAText) {
+TEST(OutcomeTest, HasAName) {
     EXPECT_STREQ(toText(Outcome::Ready), "ready");
     EXPECT_STREQ(toText(Outcome::NotCreated), "not created");
     EXPECT_STREQ(toText(Outcome::NoStreams), "no streams");

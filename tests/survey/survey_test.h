@@ -1,4 +1,4 @@
-// A configuration, surveyed: what the tests of this folder share.
+// Surveys configurations; shared by the tests of this folder.
 #ifndef QVGRAPH_TESTS_SURVEY_SURVEY_TEST_H_
 #define QVGRAPH_TESTS_SURVEY_SURVEY_TEST_H_
 
@@ -29,7 +29,7 @@ protected:
         qv_log_set_sink(nullptr);
     }
 
-    // Makes a node class known, with as many streams as are declared.
+    // Registers a node class with as many streams as are declared.
     template <typename NodeClass>
     static void Register(const char* name) {
         RegisterCreator(name, [](const _QVNodeInfo*) -> QVTaskNodeBase* { return new NodeClass; });
@@ -56,7 +56,7 @@ protected:
     }
 
     // The survey of a pipe with the one node 'node_3'.
-    qvgraph::Node NodeOf(const std::string& node) {
+    qvgraph::SurveyedNode NodeOf(const std::string& node) {
         qvgraph::Survey survey = SurveyOf(R"({"pipe_0": {"node_3": )" + node + "}}");
         return survey.pipes.at(0).nodes.at(0);
     }

@@ -7,11 +7,11 @@
 
 namespace {
 
-using qvgraph::Node;
-using qvgraph::OptionSet;
-using qvgraph::Pipe;
-using qvgraph::Stream;
-using qvgraph::StreamEnd;
+using qvgraph::SurveyedEnd;
+using qvgraph::SurveyedNode;
+using qvgraph::SurveyedOptionSet;
+using qvgraph::SurveyedPipe;
+using qvgraph::SurveyedStream;
 
 std::string quoted(const std::string& text) {
     return '"' + text + '"';
@@ -43,24 +43,28 @@ std::string valueText(float value) {
     return text;
 }
 
-std::string endText(const char* side, const StreamEnd& end) {
-    return std::string(side) + ' ' + numberText(end.id) + ' ' +
-           (end.name ? quoted(*end.name) : "-") + ' ' + (end.format ? quoted(*end.format) : "-") +
-           (end.remainNewest ? " newest" : "");
+std::string valueText(const qvgraph::OptionValue& value) {
+    return std::visit([](const auto& plain) { return valueText(plain); }, value);
 }
 
-std::string endsText(const Node& node, const std::string& indent) {
+std::string endText(const char* side, const SurveyedEnd& end) {
+    return std::string(side) + ' ' + numberText(end.id) + ' ' +
+           (end.name ? quoted(*end.name) : "-") + ' ' + (end.format ? quoted(*end.format) : "-") +
+           (end.remainNewest ? " latest" : "");
+}
+
+std::string endsText(const SurveyedNode& node, const std::string& indent) {
     std::string text;
-    for (const StreamEnd& input : node.inputs) {
+    for (const SurveyedEnd& input : node.inputEnds) {
         text += indent + endText("in", input) + '\n';
     }
-    for (const StreamEnd& output : node.outputs) {
+    for (const SurveyedEnd& output : node.outputEnds) {
         text += indent + endText("out", output) + '\n';
     }
     return text;
 }
 
-std::string statusText(const Node& node) {
+std::string statusText(const SurveyedNode& node) {
     return std::string(toText(node.outcome)) + " (" + numberText(node.result) + ')' +
            (node.message.empty() ? "" : ": " + node.message);
 }
@@ -71,12 +75,12 @@ std::string headText(const char* kind, const Item& item) {
            std::to_string(item.id) + ' ' + keyText(item.key) + ' ';
 }
 
-std::string nodeText(const Node& node) {
+std::string nodeText(const SurveyedNode& node) {
     return headText("node", node) + quoted(node.name) + " of " + quoted(node.className) + ": " +
            statusText(node) + "\n    " + textOf(node.options) + '\n' + endsText(node, "    ");
 }
 
-std::string streamText(const Stream& stream) {
+std::string streamText(const SurveyedStream& stream) {
     std::string text = "  stream " + std::to_string(stream.id) + ' ' + quoted(stream.name) + ' ' +
                        keyText(stream.producer) + " >";
     const char* separator = " ";
@@ -87,20 +91,20 @@ std::string streamText(const Stream& stream) {
     return text + (stream.consumers.empty() ? " -\n" : "\n");
 }
 
-std::string pipeText(const Pipe& pipe) {
+std::string pipeText(const SurveyedPipe& pipe) {
     std::string text = "pipe " + std::to_string(pipe.index) + ' ' + keyText(pipe.key) +
                        " threads " + std::to_string(pipe.threads) + " links " + pipe.linkMode +
                        '\n';
-    for (const OptionSet& executor : pipe.executors) {
+    for (const SurveyedOptionSet& executor : pipe.executors) {
         text += headText("executor", executor) + textOf(executor.options) + '\n';
     }
-    for (const OptionSet& link : pipe.links) {
+    for (const SurveyedOptionSet& link : pipe.links) {
         text += headText("link", link) + textOf(link.options) + '\n';
     }
-    for (const Node& node : pipe.nodes) {
+    for (const SurveyedNode& node : pipe.nodes) {
         text += nodeText(node);
     }
-    for (const Stream& stream : pipe.streams) {
+    for (const SurveyedStream& stream : pipe.streams) {
         text += streamText(stream);
     }
     return text;
@@ -110,7 +114,7 @@ std::string pipeText(const Pipe& pipe) {
 
 std::string textOf(const qvgraph::Survey& survey) {
     std::string text = "\n";
-    for (const Pipe& pipe : survey.pipes) {
+    for (const SurveyedPipe& pipe : survey.pipes) {
         text += pipeText(pipe);
     }
     return text;
@@ -120,13 +124,21 @@ std::string textOf(const qvgraph::Options& options) {
     std::string text = "{";
     const char* separator = "";
     for (const auto& [key, value] : options) {
-        text += separator + key + ' ';
-        text += std::visit([](const auto& plain) { return valueText(plain); }, value);
+        text += separator + key + ' ' + valueText(value);
         separator = ", ";
     }
     return text + '}';
 }
 
-std::string outcomeOf(const qvgraph::Node& node) {
+std::string textOf(const qvgraph::Conversions& conversions) {
+    std::string text;
+    for (const auto& stored : conversions) {
+        text += text.empty() ? "" : ", ";
+        text += stored ? valueText(*stored) : "-";
+    }
+    return text;
+}
+
+std::string outcomeOf(const qvgraph::SurveyedNode& node) {
     return '\n' + statusText(node) + '\n' + endsText(node, "");
 }

@@ -8,10 +8,10 @@
 //       out 0 "raw" "nv12"
 //     node 1 id 8 node_8 "Display" of "Display": would throw (-): no format ...
 //       {}
-//       in 0 "raw" - newest
+//       in 0 "raw" - latest
 //     stream 0 "raw" node_7 > node_8, node_9
 //
-// What is not there is "-".
+// "-" means absent.
 #ifndef QVGRAPH_TESTS_SURVEY_SURVEY_TEXT_H_
 #define QVGRAPH_TESTS_SURVEY_SURVEY_TEXT_H_
 
@@ -26,8 +26,11 @@ std::string textOf(const qvgraph::Survey& survey);
 // One line in braces.
 std::string textOf(const qvgraph::Options& options);
 
+// What is stored of each member, or "-": '25, -, "raw"'.
+std::string textOf(const qvgraph::Conversions& conversions);
+
 // Outcome, result and message, and a line for each end of a stream; the shape
 // of a raw literal.
-std::string outcomeOf(const qvgraph::Node& node);
+std::string outcomeOf(const qvgraph::SurveyedNode& node);
 
 #endif  // QVGRAPH_TESTS_SURVEY_SURVEY_TEXT_H_

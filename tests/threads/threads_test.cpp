@@ -1,5 +1,5 @@
-// Parsers in several threads. What these tests prove is that nothing tears
-// under ThreadSanitizer; without it, that the results are right.
+// Parsers in several threads. Under ThreadSanitizer, these tests show that there
+// are no data races; without it, only that the results are correct.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -38,10 +38,10 @@ protected:
     void SetUp() override { QVNodeRegistry::instance().setStub(true); }
     void TearDown() override { QVNodeRegistry::instance().setStub(false); }
 
-    // The records of what does not load.
+    // The records of loads that fail.
     const QVLogScope quiet{0, [](const QVLogRecord&) {}};
 
-    // What one thread makes of the document, from loading to the last node.
+    // What one thread computes from the document, from loading to the last node.
     static std::string Everything(const QVGraphParser& parser) {
         std::string text = std::to_string(parser.getPipeNum()) + " " +
                            std::to_string(parser.getThreadNum(0)) + " " +
@@ -64,7 +64,7 @@ protected:
 
 }  // namespace
 
-TEST_F(ThreadsTest, EachThreadHasAParserOfItsOwn) {
+TEST_F(ThreadsTest, EachThreadHasItsOwnParser) {
     std::atomic<int> right{0};
     inThreads(THREADS, [&](int) {
         for (int round = 0; round < ROUNDS; ++round) {
@@ -76,7 +76,7 @@ TEST_F(ThreadsTest, EachThreadHasAParserOfItsOwn) {
     EXPECT_EQ(right, THREADS * ROUNDS);
 }
 
-TEST_F(ThreadsTest, CopiesOfAParserAreAskedAtOnce) {
+TEST_F(ThreadsTest, CopiesOfAParserAnswerQueriesConcurrently) {
     QVGraphParser original;
     ASSERT_EQ(original.parseConfigText(DOCUMENT), 0);
     std::atomic<int> right{0};
@@ -113,7 +113,7 @@ TEST_F(ThreadsTest, ValueOutlivesReloadsInAnotherThread) {
     std::atomic<int> right{0};
     for (int round = 0; round < ROUNDS; ++round) {
         ASSERT_EQ(parser.parseConfigText(DOCUMENT), 0);
-        // The thread's handle is the last one as soon as the reload is through.
+        // After the reload, the thread's handle is the last one.
         std::thread reader([&right, &expected, value = Json(parser.root()["pipe_0"])] {
             const QVGraphParser asked;
             for (int i = 0; i < 5; ++i) {

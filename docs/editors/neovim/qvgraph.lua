@@ -1,5 +1,5 @@
--- Checks a configuration whenever it is written, and shows what is found as
--- diagnostics. Say which files are configurations in PATTERN.
+-- Checks a configuration each time it is saved, and shows the findings as
+-- diagnostics. Set PATTERN to match your configurations.
 local PATTERN = "*/pipes/*.json"
 
 local space = vim.api.nvim_create_namespace("qvgraph")
@@ -9,7 +9,7 @@ local severities = {
   note = vim.diagnostic.severity.INFO,
 }
 
--- Bytes from 0, as Neovim counts them.
+-- Neovim counts lines and bytes from 0.
 local function diagnostic(found)
   local first, last = found.range.start, found.range["end"]
   local message = found.message

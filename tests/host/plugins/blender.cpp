@@ -1,5 +1,5 @@
-// Two classes: one of two inputs and one output, whatever is declared, and one
-// without a store of its own either.
+// Two classes: one that always has two inputs and one output, and one without its
+// own option store.
 #include <string>
 #include <vector>
 

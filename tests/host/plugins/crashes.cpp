@@ -1,5 +1,5 @@
-// A class that crashes as its options say: "signal" raises one, "address" writes
-// there, "deep" calls itself without an end.
+// A class that crashes as its options request: "signal" raises the signal,
+// "address" writes to the address, "deep" recurses without end.
 #include <csignal>
 #include <vector>
 
@@ -7,7 +7,7 @@
 
 namespace {
 
-// Not optimised into a loop: it needs its array after the call.
+// The compiler cannot turn this into a loop: the array is used after the call.
 int useUp(int depth) {
     volatile int array[1024] = {depth};
     return depth < 0 ? 0 : useUp(depth + 1) + array[0];

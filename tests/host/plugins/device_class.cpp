@@ -1,5 +1,5 @@
-// A class as a device has it: compiled without type information, with an option
-// store of its own, and it logs and asserts.
+// A class as on a device: compiled without type information, with its own option
+// store, with log records and assertions.
 #include <map>
 #include <string>
 #include <vector>

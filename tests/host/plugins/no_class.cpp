@@ -1,4 +1,4 @@
-// Registers nothing and says that all is well.
+// Registers nothing and returns success.
 #include "host/qv_node_class.h"
 
 int qvgraph_register_nodes(QVNodeClassRegistry* /*registry*/) {

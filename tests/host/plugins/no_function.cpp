@@ -1,4 +1,4 @@
-// A shared library that registers nothing.
+// A shared library without the entry point.
 extern "C" int something_else();
 
 int something_else() {

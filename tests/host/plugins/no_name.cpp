@@ -1,4 +1,4 @@
-// Registers a class, and then one that has no name.
+// Registers a class, and then one without a name.
 #include "host/qv_node_class.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// Registers a class and says that something went wrong.
+// Registers a class and returns an error.
 #include "host/qv_node_class.h"
 
 namespace {

@@ -1,4 +1,4 @@
-// Registers a class, and then another under its name; says that all is well.
+// Registers a class, and then another one under the same name; returns success.
 #include "host/qv_node_class.h"
 
 namespace {

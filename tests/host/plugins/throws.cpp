@@ -1,4 +1,4 @@
-// Registers a class and throws; what it throws depends on a variable.
+// Registers a class and throws; an environment variable selects what it throws.
 #include <cstdlib>
 #include <stdexcept>
 

@@ -1,4 +1,4 @@
-// A shared library of which a part is missing.
+// A shared library with an undefined C++ symbol.
 #include "host/qv_node_class.h"
 
 namespace camera {

@@ -1,4 +1,4 @@
-// A shared library of which a part that is written in C is missing.
+// A shared library with an undefined C symbol.
 #include "host/qv_node_class.h"
 
 extern "C" int camera_open(int number);

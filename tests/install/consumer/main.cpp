@@ -1,5 +1,5 @@
-// Sets a pipe up and prints its streams: somebody else's program, which needs
-// the parser, the contracts and the framework for the desk.
+// Sets up a pipe and prints its streams: a program of another project, which needs
+// the parser, the contracts and the host framework.
 #include <cstdio>
 #include <deque>
 
@@ -10,8 +10,8 @@
 
 namespace {
 
-// A node class of the program's own: what derives from a contract here has to
-// be the same class in the libraries.
+// The program's own node class: the contract that it derives from must be the same
+// class in the libraries.
 class Camera : public QVTaskNodeBase {
 public:
     int initialize(int /*nodeId*/,

@@ -1,4 +1,4 @@
-// The least that the parser needs of a logger. No colours here.
+// The minimum logger that the parser needs, without colours.
 #pragma once
 
 #include <stdlib.h>

@@ -1,4 +1,4 @@
-// A store that is one class, without anything to override.
+// A store that is a single class without virtual operations.
 #pragma once
 
 #include <cstdint>

@@ -12,7 +12,7 @@ struct _QVTaskNodeInfo {
     std::string nodeName;
 };
 
-// The one node class of this device.
+// The only node class of this device.
 class QVTaskNodeBase {
 public:
     void initialize(int nodeId,
