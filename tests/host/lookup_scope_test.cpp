@@ -1,4 +1,4 @@
-// Lookups of options as types that they do not have.
+// Lookups in option stores, and those as types that the options do not have.
 #include "host/qv_lookup_scope.h"
 
 #include <gtest/gtest.h>
@@ -27,12 +27,48 @@ protected:
         return misses;
     }
 
+    // "key type result", one per line.
+    static std::string LookupsIn(const QVLookupScope& scope) {
+        static const char* const TYPES[] = {" string", " int32", " int64", " float"};
+        static const char* const RESULTS[] = {" found", " different type", " missing"};
+        std::string lookups;
+        for (const QVLookupScope::Lookup& lookup : scope.lookups()) {
+            lookups += lookup.key;
+            lookups += TYPES[lookup.type];
+            lookups += RESULTS[static_cast<size_t>(lookup.result)];
+            lookups += '\n';
+        }
+        return lookups;
+    }
+
     QVHostMetaData store;
     const char* text = nullptr;
     int32_t int32 = 0;
     int64_t int64 = 0;
     float real = 0;
 };
+
+TEST_F(LookupScopeTest, EveryLookupIsRecordedInOrder) {
+    const QVLookupScope scope;
+    store.findInt32("rate", &int32);
+    store.findCString("gain", &text);
+    store.findInt64("zoom", &int64);
+    store.findFloat("rate", &real);
+    EXPECT_EQ(LookupsIn(scope),
+              "rate int32 found\ngain string different type\nzoom int64 missing\n"
+              "rate float different type\n");
+    EXPECT_EQ(scope.count(), 4U);
+}
+
+TEST_F(LookupScopeTest, LookupNamesItsStore) {
+    QVHostMetaData other;
+    const QVLookupScope scope;
+    store.findInt32("gain", &int32);
+    other.findInt32("gain", &int32);
+    ASSERT_EQ(scope.count(), 2U);
+    EXPECT_EQ(scope.lookups()[0].store, &store);
+    EXPECT_EQ(scope.lookups()[1].store, &other);
+}
 
 TEST_F(LookupScopeTest, LookupAsADifferentTypeIsAMiss) {
     const QVLookupScope lookups;
