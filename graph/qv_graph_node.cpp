@@ -124,12 +124,27 @@ bool wireOutputs(const NodeSetup& node, const std::vector<QVOutputStreamManager*
     return true;
 }
 
-// Copies the node's option objects into its store; later ones win.
-inline void copyOptions(const QVGraphParser& parser, const Json& node, QvMetaData* options) {
-    parser.syncOptions(options, node["node_opts"]);
-    parser.syncOptions(options, node["stream_opts"]);
-    parser.syncOptions(options, node["node_opts_extra"]);
-    parser.syncOptions(options, memberUnder(node, "stream_opts_extra"));
+// Has the node proxy create the node and its stream managers.
+inline void createNode(const QVGraphParser& parser,
+                       const Json& streamOpts,
+                       int nodeId,
+                       const std::string& name,
+                       _QVNodeInfo* info) {
+    node_proxy_parse_stub_uid(info, name.c_str());
+    info->nodeId = nodeId;
+    info->inputNum = parser.getItemNum(streamOpts, "stream_input");
+    info->outputNum = parser.getItemNum(streamOpts, "stream_output");
+
+    qv_log(QV_INFO("node proxy: create task node(name=%s)"), name.c_str());
+    node_proxy_node_create(info);
+}
+
+// Completes a node whose streams are wired.
+inline void initialise(int nodeId, const std::string& name, _QVNodeInfo* info) {
+    _QVTaskNodeInfo taskNodeInfo;
+    taskNodeInfo.nodeId = nodeId;
+    taskNodeInfo.nodeName = name;
+    info->node->initialize(nodeId, &taskNodeInfo, info->inputStreams, info->outputStreams);
 }
 
 }  // namespace
@@ -152,21 +167,18 @@ int QVGraphParser::initTaskNode(QVTaskGraphConfig* config,
     const Json& streamOpts = node["stream_opts"];
     const std::string& name = nodeOpts["node_name"].string_value();
 
-    node_proxy_parse_stub_uid(info, name.c_str());
-    info->nodeId = nodeId;
-    info->inputNum = getItemNum(streamOpts, "stream_input");
-    info->outputNum = getItemNum(streamOpts, "stream_output");
-
-    qv_log(QV_INFO("node proxy: create task node(name=%s)"), name.c_str());
-    node_proxy_node_create(info);
+    createNode(*this, streamOpts, nodeId, name, info);
     if (info->node == nullptr) {
         qv_log(QV_NOTICE("failed to node_proxy_node_create(...) for node:%s"), name.c_str());
         return -1;
     }
 
-    copyOptions(*this, node, info->node->mOptions);
-
-    const NodeSetup setup = {*this, streamOpts, info->node->mOptions, config, nodeId};
+    QvMetaData* options = info->node->mOptions;
+    syncOptions(options, nodeOpts);
+    syncOptions(options, streamOpts);
+    syncOptions(options, node["node_opts_extra"]);
+    syncOptions(options, memberUnder(node, "stream_opts_extra"));
+    const NodeSetup setup = {*this, streamOpts, options, config, nodeId};
     if (!wireInputs(setup, info->inputStreams) || !wireOutputs(setup, info->outputStreams)) {
         return 0;  // a refused stream is logged but is not an error of this call
     }
@@ -177,9 +189,6 @@ int QVGraphParser::initTaskNode(QVTaskGraphConfig* config,
         return -1;
     }
 
-    _QVTaskNodeInfo taskNodeInfo;
-    taskNodeInfo.nodeId = nodeId;
-    taskNodeInfo.nodeName = name;
-    info->node->initialize(nodeId, &taskNodeInfo, info->inputStreams, info->outputStreams);
+    initialise(nodeId, name, info);
     return 0;
 }
