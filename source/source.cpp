@@ -23,7 +23,7 @@ bool isAscii(char c) {
 }  // namespace
 
 Source::Source(std::string text, size_t begin, size_t end) : mText(std::move(text)) {
-    if (mText.size() > std::numeric_limits<uint32_t>::max()) {
+    if (uint64_t{mText.size()} > std::numeric_limits<uint32_t>::max()) {
         throw std::length_error("the text is larger than 4 GiB");
     }
     mLines.reserve(1 + static_cast<size_t>(std::count(mText.begin(), mText.end(), '\n')));
