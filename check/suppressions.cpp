@@ -209,19 +209,17 @@ void applySuppressions(const Source& source,
     }
     const Lines lines(source.text(), comments);
     const UnreadLines unread(source, lines, *findings);
-    std::vector<Suppression> others = suppressionsIn(source, lines, comments);
     // Suppressions of "unused-ignore" come last, because they suppress findings
     // about the others.
-    const auto own =
-        std::stable_partition(others.begin(), others.end(), [](const Suppression& suppression) {
-            return suppression.code != UNUSED_IGNORE.code;
-        });
-    const std::vector<Suppression> last(own, others.end());
-    others.erase(own, others.end());
+    std::vector<Suppression> others;
+    std::vector<Suppression> last;
+    for (const Suppression& suppression : suppressionsIn(source, lines, comments)) {
+        (suppression.code == UNUSED_IGNORE.code ? last : others).push_back(suppression);
+    }
 
     Reporter report(UNUSED_IGNORE, findings);
     reportMalformed(comments, &report);
-    for (const std::vector<Suppression>& suppressions : {others, last}) {
+    for (const auto& suppressions : {others, last}) {
         const Uses uses = suppress(lines, suppressions, findings);
         for (const Suppression& suppression : suppressions) {
             const bool isSelected =
