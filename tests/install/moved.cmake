@@ -31,7 +31,7 @@ if(NOT EMULATOR)
 endif()
 
 # A version or component that does not exist is rejected.
-foreach(request "0.2 CONFIG" "1.0 CONFIG" "0.1 CONFIG COMPONENTS engine")
+foreach(request "0.1 CONFIG" "1.0 CONFIG" "0.2 CONFIG COMPONENTS engine")
     file(WRITE ${WORK}/wrong/CMakeLists.txt "cmake_minimum_required(VERSION 3.25)
 project(wrong LANGUAGES CXX)
 find_package(qvgraph ${request})

@@ -11,7 +11,7 @@ set(host ${WORK}/prefix/lib/libqvgraph_host.so)
 
 run(${READELF} -d ${parser} ${host})
 string(REGEX MATCHALL "soname: \\[[^]]*\\]" names "${printed}")
-expect("${names}" "soname: [libqvgraph_parser.so.0.1];soname: [libqvgraph_host.so.0.1]")
+expect("${names}" "soname: [libqvgraph_parser.so.0.2];soname: [libqvgraph_host.so.0.2]")
 
 # Returns the demangled names of a library's symbols of the given kinds, without
 # arguments.
